@@ -1,0 +1,74 @@
+#include "platform/ClassFactory.h"
+
+#include "platform/Control.h"
+#include "platform/DatePicker.h"
+#include "platform/Error.h"
+#include "platform/PictureBox.h"
+#include "platform/TextBox.h"
+#include "platform/VScrollBar.h"
+
+#include <QHash>
+
+namespace kwFieldDeck {
+
+QString libraryTitle() { return QStringLiteral("kwFieldDeck"); }
+
+namespace ClassFactory {
+
+namespace {
+QHash<QString, Creator> &registry()
+{
+    static QHash<QString, Creator> classes;
+    return classes;
+}
+
+template <typename T>
+void registerStandard()
+{
+    registerClass(QLatin1String(T::ClassId), [](const QString &name, QObject *owner) -> Control * {
+        return new T(name, owner);
+    });
+}
+
+void registerStandardControls()
+{
+    static bool done = false;
+    if (done)
+        return;
+    done = true;
+    registerStandard<TextBox>();
+    registerStandard<PictureBox>();
+    registerStandard<VScrollBar>();
+    registerStandard<DatePicker>();
+}
+} // namespace
+
+bool registerClass(const QString &classId, Creator creator)
+{
+    registry().insert(classId.toLower(), std::move(creator));
+    return true;
+}
+
+bool isRegistered(const QString &classId)
+{
+    registerStandardControls();
+    return registry().contains(classId.toLower());
+}
+
+Control *create(const QString &classId, const QString &name, QObject *owner)
+{
+    registerStandardControls();
+    const auto found = registry().constFind(classId.toLower());
+    if (found == registry().constEnd())
+        raise(ErrCannotCreateObject,
+              QStringLiteral("Invalid class string: '%1' is not registered").arg(classId));
+    return (*found)(name, owner);
+}
+
+Control *wrapUserControl(QWidget *userControl, const QString &name, QObject *owner)
+{
+    return new Control(userControl, name, owner);
+}
+
+} // namespace ClassFactory
+} // namespace kwFieldDeck

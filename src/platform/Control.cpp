@@ -1,0 +1,354 @@
+#include "platform/Control.h"
+
+#include "platform/Error.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <cmath>
+
+namespace kwFieldDeck {
+
+namespace {
+const char *const wrapperProperty = "_kwControl";
+
+double logicalDpi(bool horizontal)
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return 96.0;
+    const double dpi = horizontal ? screen->logicalDotsPerInchX() : screen->logicalDotsPerInchY();
+    return dpi > 0 ? dpi : 96.0;
+}
+} // namespace
+
+double twipsPerPixelX() { return 1440.0 / logicalDpi(true); }
+double twipsPerPixelY() { return 1440.0 / logicalDpi(false); }
+int twipsToPixelsX(double twips) { return int(std::lround(twips / twipsPerPixelX())); }
+int twipsToPixelsY(double twips) { return int(std::lround(twips / twipsPerPixelY())); }
+
+double textWidthTwips(const QFont &font, const QString &text)
+{
+    return QFontMetricsF(font).horizontalAdvance(text) * twipsPerPixelX();
+}
+
+double textHeightTwips(const QFont &font, const QString &text)
+{
+    return QFontMetricsF(font).boundingRect(text).height() > 0
+        ? QFontMetricsF(font).height() * twipsPerPixelY()
+        : 0.0;
+}
+
+int keyCodeOf(int qtKey)
+{
+    if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z)
+        return 'A' + (qtKey - Qt::Key_A);
+    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9)
+        return '0' + (qtKey - Qt::Key_0);
+    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24)
+        return KeyCode::F1 + (qtKey - Qt::Key_F1);
+    switch (qtKey) {
+    case Qt::Key_Backspace:
+        return KeyCode::Backspace;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return KeyCode::Tab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return KeyCode::Return;
+    case Qt::Key_Shift:
+        return KeyCode::Shift;
+    case Qt::Key_Control:
+        return KeyCode::Control;
+    case Qt::Key_Alt:
+        return KeyCode::Alt;
+    case Qt::Key_Escape:
+        return KeyCode::Escape;
+    case Qt::Key_Space:
+        return KeyCode::Space;
+    case Qt::Key_PageUp:
+        return KeyCode::PageUp;
+    case Qt::Key_PageDown:
+        return KeyCode::PageDown;
+    case Qt::Key_End:
+        return KeyCode::End;
+    case Qt::Key_Home:
+        return KeyCode::Home;
+    case Qt::Key_Left:
+        return KeyCode::Left;
+    case Qt::Key_Up:
+        return KeyCode::Up;
+    case Qt::Key_Right:
+        return KeyCode::Right;
+    case Qt::Key_Down:
+        return KeyCode::Down;
+    case Qt::Key_Insert:
+        return KeyCode::Insert;
+    case Qt::Key_Delete:
+        return KeyCode::Delete;
+    default:
+        return 0;
+    }
+}
+
+int shiftStateOf(Qt::KeyboardModifiers modifiers)
+{
+    int shift = 0;
+    if (modifiers & Qt::ShiftModifier)
+        shift |= ShiftState::Shift;
+    if (modifiers & Qt::ControlModifier)
+        shift |= ShiftState::Ctrl;
+    if (modifiers & Qt::AltModifier)
+        shift |= ShiftState::Alt;
+    return shift;
+}
+
+Control::Control(QWidget *widget, const QString &name, QObject *owner)
+    : QObject(owner)
+    , m_widget(widget)
+{
+    setObjectName(name);
+    widget->setObjectName(name);
+    widget->setProperty(wrapperProperty, QVariant::fromValue<QObject *>(this));
+    widget->installEventFilter(this);
+    m_width = float(widget->width() * twipsPerPixelX());
+    m_height = float(widget->height() * twipsPerPixelY());
+    m_visible = !widget->isHidden();
+}
+
+Control::~Control()
+{
+    if (m_widget) {
+        m_widget->removeEventFilter(this);
+        m_widget->setProperty(wrapperProperty, QVariant());
+        if (!m_widget->parent())
+            delete m_widget;
+    }
+}
+
+Control *Control::of(const QWidget *widget)
+{
+    return widget ? qobject_cast<Control *>(widget->property(wrapperProperty).value<QObject *>())
+                  : nullptr;
+}
+
+void Control::placeWidget()
+{
+    if (!m_widget)
+        return;
+    const int x = twipsToPixelsX(m_left);
+    const int y = twipsToPixelsY(m_top);
+    const int w = std::max(0, twipsToPixelsX(m_width));
+    const int h = std::max(0, twipsToPixelsY(m_height));
+    m_widget->setGeometry(x, y, w, h);
+}
+
+void Control::setLeft(float left)
+{
+    m_left = left;
+    placeWidget();
+}
+
+void Control::setTop(float top)
+{
+    m_top = top;
+    placeWidget();
+}
+
+void Control::setWidth(float width)
+{
+    if (width < 0)
+        raise(ErrInvalidCall);
+    m_width = width;
+    placeWidget();
+}
+
+void Control::setHeight(float height)
+{
+    if (height < 0)
+        raise(ErrInvalidCall);
+    m_height = height;
+    placeWidget();
+}
+
+void Control::Move(float left, float top, std::optional<float> width, std::optional<float> height)
+{
+    if ((width && *width < 0) || (height && *height < 0))
+        raise(ErrInvalidCall);
+    m_left = left;
+    m_top = top;
+    if (width)
+        m_width = *width;
+    if (height)
+        m_height = *height;
+    placeWidget();
+}
+
+void Control::setVisible(bool visible)
+{
+    m_visible = visible;
+    if (m_widget)
+        m_widget->setVisible(visible);
+}
+
+bool Control::Enabled() const { return m_widget && m_widget->isEnabledTo(nullptr); }
+
+void Control::setEnabled(bool enabled)
+{
+    if (m_widget)
+        m_widget->setEnabled(enabled);
+}
+
+bool Control::TabStop() const { return m_widget && m_widget->focusPolicy() & Qt::TabFocus; }
+
+void Control::setTabStop(bool tabStop)
+{
+    if (m_widget)
+        m_widget->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void Control::setBackColor(OleColor color)
+{
+    m_backColor = color;
+    applyColors();
+}
+
+void Control::setForeColor(OleColor color)
+{
+    m_foreColor = color;
+    applyColors();
+}
+
+void Control::applyColors()
+{
+    if (!m_widget)
+        return;
+    QPalette palette = m_widget->palette();
+    const QPalette system = QApplication::palette(m_widget);
+    const QColor back = toQColor(m_backColor, system);
+    const QColor fore = toQColor(m_foreColor, system);
+    for (QPalette::ColorRole role : { QPalette::Base, QPalette::Window, QPalette::Button })
+        palette.setColor(role, back);
+    for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+        palette.setColor(role, fore);
+    m_widget->setPalette(palette);
+}
+
+QFont Control::Font() const { return m_widget ? m_widget->font() : QFont(); }
+
+void Control::setFont(const QFont &font)
+{
+    if (m_widget)
+        m_widget->setFont(font);
+}
+
+QString Control::ToolTipText() const { return m_widget ? m_widget->toolTip() : QString(); }
+
+void Control::setToolTipText(const QString &text)
+{
+    if (m_widget)
+        m_widget->setToolTip(text);
+}
+
+QWidget *Control::Container() const { return m_widget ? m_widget->parentWidget() : nullptr; }
+
+void Control::setContainer(QWidget *container)
+{
+    if (!m_widget)
+        return;
+    m_widget->setParent(container);
+    placeWidget();
+    m_widget->setVisible(m_visible);
+}
+
+void Control::SetFocus()
+{
+    QWidget *w = require(m_widget.data());
+    if (!m_visible || !w->isEnabled())
+        raise(ErrInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+    w->setFocus(Qt::OtherFocusReason);
+}
+
+bool Control::hasFocus() const
+{
+    if (!m_widget)
+        return false;
+    const QWidget *focus = QApplication::focusWidget();
+    return focus && (focus == m_widget || m_widget->isAncestorOf(focus));
+}
+
+bool Control::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_widget)
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        m_focusReason = static_cast<QFocusEvent *>(event)->reason();
+        emit GotFocus();
+        break;
+    case QEvent::FocusOut:
+        emit LostFocus();
+        break;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        return filterKey(watched, event);
+    case QEvent::MouseButtonDblClick:
+        emit DblClick();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// Key down, then the typed character; a handler that zeroes either swallows the key. A handler
+// that replaces the character has the new one typed instead.
+bool Control::filterKey(QObject *watched, QEvent *event)
+{
+    auto *key = static_cast<QKeyEvent *>(event);
+    if (m_resending)
+        return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Keys that a handler may take must reach it before any shortcut does.
+        return false;
+    }
+    int code = keyCodeOf(key->key());
+    int shift = shiftStateOf(key->modifiers());
+    if (event->type() == QEvent::KeyRelease) {
+        if (code) {
+            emit KeyUp(code, shift);
+            return code == 0;
+        }
+        return false;
+    }
+    if (code) {
+        emit KeyDown(code, shift);
+        if (code == 0)
+            return true;
+    }
+    const QString text = key->text();
+    const bool typed = text.size() == 1
+        && (text[0].isPrint() || text[0] == QLatin1Char('\b') || text[0] == QLatin1Char('\r')
+            || text[0] == QChar(27));
+    if (!typed)
+        return false;
+    int ascii = text[0].unicode();
+    const int original = ascii;
+    emit KeyPress(ascii);
+    if (ascii == 0)
+        return true;
+    if (ascii != original) {
+        QKeyEvent replaced(QEvent::KeyPress, 0, key->modifiers(), QString(QChar(ascii)));
+        m_resending = true;
+        QCoreApplication::sendEvent(watched, &replaced);
+        m_resending = false;
+        return true;
+    }
+    return false;
+}
+
+} // namespace kwFieldDeck

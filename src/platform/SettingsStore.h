@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+namespace kwFieldDeck {
+
+// The per-user settings store: one text value per application name, section and key, kept in
+// one INI file per application under the user's configuration folder
+// (kwFieldDeck/<application>.ini). Any text round-trips as a section, key or value.
+namespace SettingsStore {
+
+// The stored text, or the default when there is none.
+QString GetSetting(const QString &appName, const QString &section, const QString &key,
+                   const QString &defaultValue = QString());
+
+// Stores the text, replacing what was there. The file is replaced atomically; a store that
+// cannot be written fails with error 75 and leaves the previous file whole.
+void SaveSetting(const QString &appName, const QString &section, const QString &key,
+                 const QString &value);
+
+QString filePath(const QString &appName);
+
+} // namespace SettingsStore
+} // namespace kwFieldDeck

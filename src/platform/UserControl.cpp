@@ -1,0 +1,147 @@
+#include "platform/UserControl.h"
+
+#include "platform/ClassFactory.h"
+#include "platform/Control.h"
+#include "platform/Error.h"
+#include "platform/PropertyBag.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace kwFieldDeck {
+
+namespace {
+bool &defaultUserMode()
+{
+    static bool userMode = true;
+    return userMode;
+}
+} // namespace
+
+void setDefaultAmbientUserMode(bool userMode) { defaultUserMode() = userMode; }
+
+ControlCollection::ControlCollection(QObject *owner)
+    : m_owner(owner)
+{
+}
+
+Control *ControlCollection::Add(const QString &classId, const QString &name, QWidget *container)
+{
+    const QString key = name.toLower();
+    if (m_byName.contains(key))
+        raise(727, QStringLiteral("There is already a control with the name '%1'").arg(name));
+    Control *control = ClassFactory::create(classId, name, m_owner);
+    control->setContainer(container);
+    m_controls.append(control);
+    m_byName.insert(key, control);
+    return control;
+}
+
+Control *ControlCollection::Item(const QString &name) const
+{
+    return m_byName.value(name.toLower());
+}
+
+UserControl::UserControl(QWidget *parent)
+    : QWidget(parent)
+    , m_controls(this)
+{
+    applySurfaceColors();
+}
+
+UserControl::~UserControl() = default;
+
+Control *UserControl::extender() const { return Control::of(this); }
+
+float UserControl::extenderWidth() const
+{
+    if (const Control *outer = extender())
+        return outer->Width();
+    return float(width() * twipsPerPixelX());
+}
+
+float UserControl::extenderHeight() const
+{
+    if (const Control *outer = extender())
+        return outer->Height();
+    return float(height() * twipsPerPixelY());
+}
+
+float UserControl::ScaleWidth() const { return float(width() * twipsPerPixelX()); }
+float UserControl::ScaleHeight() const { return float(height() * twipsPerPixelY()); }
+
+void UserControl::setSurfaceBackColor(OleColor color)
+{
+    m_backColor = color;
+    applySurfaceColors();
+}
+
+void UserControl::setSurfaceBackStyle(int style)
+{
+    m_backStyle = style;
+    applySurfaceColors();
+}
+
+void UserControl::setSurfaceBorderStyle(int style)
+{
+    m_borderStyle = style;
+    update();
+}
+
+void UserControl::applySurfaceColors()
+{
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, toQColor(m_backColor, QApplication::palette(this)));
+    setPalette(palette);
+    // Back style 0 is transparent: the container shows through.
+    setAutoFillBackground(m_backStyle != 0);
+}
+
+bool UserControl::ambientUserMode() const
+{
+    if (m_userMode >= 0)
+        return m_userMode == 1;
+    for (QWidget *outer = parentWidget(); outer; outer = outer->parentWidget()) {
+        if (auto *container = qobject_cast<UserControl *>(outer))
+            return container->ambientUserMode();
+    }
+    return defaultUserMode();
+}
+
+void UserControl::setAmbientUserMode(bool userMode) { m_userMode = userMode ? 1 : 0; }
+
+QFont UserControl::ambientFont() const
+{
+    return parentWidget() ? parentWidget()->font() : QApplication::font();
+}
+
+void UserControl::initNew() { UserControl_InitProperties(); }
+void UserControl::readProperties(PropertyBag &bag) { UserControl_ReadProperties(bag); }
+void UserControl::writeProperties(PropertyBag &bag) const { UserControl_WriteProperties(bag); }
+
+void UserControl::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    UserControl_Resize();
+}
+
+void UserControl::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (m_borderStyle == 1) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    UserControl_Paint();
+}
+
+void UserControl::mouseReleaseEvent(QMouseEvent *event)
+{
+    QWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        UserControl_Click();
+}
+
+} // namespace kwFieldDeck

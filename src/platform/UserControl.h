@@ -1,0 +1,109 @@
+#pragma once
+
+#include "platform/Colors.h"
+
+#include <QHash>
+#include <QVector>
+#include <QWidget>
+
+namespace kwFieldDeck {
+
+class Control;
+class PropertyBag;
+
+// The child controls of a user control, by name (compared without regard to case) and in order
+// of creation.
+class ControlCollection
+{
+public:
+    explicit ControlCollection(QObject *owner);
+
+    // Creates a control by class identifier under a new name, in the given container.
+    Control *Add(const QString &classId, const QString &name, QWidget *container);
+    Control *Item(const QString &name) const;
+    int Count() const { return int(m_controls.size()); }
+    QVector<Control *>::const_iterator begin() const { return m_controls.cbegin(); }
+    QVector<Control *>::const_iterator end() const { return m_controls.cend(); }
+
+private:
+    QObject *m_owner;
+    QVector<Control *> m_controls;
+    QHash<QString, Control *> m_byName;
+};
+
+// The base of the library's composite controls: a host surface (this widget) with child
+// controls, the extender that its container sees, the property-bag hooks, the property-changed
+// notification and the ambient properties of its host.
+class UserControl : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit UserControl(QWidget *parent = nullptr);
+    ~UserControl() override;
+
+    // The control its container sees, when it was created as a child control; else null.
+    Control *extender() const;
+    // The outer size as the container sees it, in twips.
+    float extenderWidth() const;
+    float extenderHeight() const;
+    // The host surface's own inner size, in twips.
+    float ScaleWidth() const;
+    float ScaleHeight() const;
+
+    // Host surface appearance.
+    OleColor surfaceBackColor() const { return m_backColor; }
+    void setSurfaceBackColor(OleColor color);
+    int surfaceBackStyle() const { return m_backStyle; }
+    void setSurfaceBackStyle(int style);
+    int surfaceBorderStyle() const { return m_borderStyle; }
+    void setSurfaceBorderStyle(int style);
+    // The coordinate unit of the host surface; 1 is twips, the only unit geometry is kept in.
+    int surfaceScaleMode() const { return m_scaleMode; }
+    void setSurfaceScaleMode(int mode) { m_scaleMode = mode; }
+
+    // Ambient properties: whether the host runs (rather than designs), and the host's font.
+    bool ambientUserMode() const;
+    void setAmbientUserMode(bool userMode);
+    QFont ambientFont() const;
+
+    // The host's side of persistence: a fresh instance, restoring from a bag, saving to one.
+    void initNew();
+    void readProperties(PropertyBag &bag);
+    void writeProperties(PropertyBag &bag) const;
+
+    ControlCollection &Controls() { return m_controls; }
+    const ControlCollection &Controls() const { return m_controls; }
+
+signals:
+    // The property-changed notification: the named persisted property has a new value.
+    void PropertyChanged(const QString &name);
+
+protected:
+    void propertyChanged(const QString &name) { emit PropertyChanged(name); }
+
+    virtual void UserControl_InitProperties() {}
+    virtual void UserControl_ReadProperties(PropertyBag &) {}
+    virtual void UserControl_WriteProperties(PropertyBag &) const {}
+    virtual void UserControl_Resize() {}
+    virtual void UserControl_Paint() {}
+    virtual void UserControl_Click() {}
+
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    void applySurfaceColors();
+
+    ControlCollection m_controls;
+    OleColor m_backColor = SystemColor::ButtonFace;
+    int m_backStyle = 1;
+    int m_borderStyle = 0;
+    int m_scaleMode = 1;
+    int m_userMode = -1; // -1: ask the container
+};
+
+// The run mode that user controls report when neither they nor a container say otherwise.
+void setDefaultAmbientUserMode(bool userMode);
+
+} // namespace kwFieldDeck

@@ -1,0 +1,281 @@
+#include "platform/Values.h"
+
+#include "platform/Error.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QObject>
+
+#include <cmath>
+#include <limits>
+
+namespace kwFieldDeck {
+
+ValueKind kindOf(const QVariant &value)
+{
+    if (!value.isValid() || value.isNull() && value.typeId() != QMetaType::QString)
+        return ValueKind::Empty;
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        return ValueKind::Text;
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+        return ValueKind::Int16;
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+        return ValueKind::Int32;
+    case QMetaType::Float:
+        return ValueKind::Single;
+    case QMetaType::Double:
+        return ValueKind::Double;
+    case QMetaType::Bool:
+        return ValueKind::Boolean;
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return ValueKind::Date;
+    case QMetaType::QObjectStar:
+        return ValueKind::Object;
+    default:
+        return value.metaType().flags().testFlag(QMetaType::PointerToQObject) ? ValueKind::Object
+                                                                             : ValueKind::Other;
+    }
+}
+
+double leadingNumber(const QString &text)
+{
+    int i = 0;
+    const int n = text.size();
+    while (i < n && (text[i] == QLatin1Char(' ') || text[i] == QLatin1Char('\t')))
+        ++i;
+    const int start = i;
+    if (i < n && (text[i] == QLatin1Char('+') || text[i] == QLatin1Char('-')))
+        ++i;
+    bool digits = false;
+    while (i < n && text[i].isDigit() && text[i].unicode() < 128) {
+        ++i;
+        digits = true;
+    }
+    if (i < n && text[i] == QLatin1Char('.')) {
+        ++i;
+        while (i < n && text[i].isDigit() && text[i].unicode() < 128) {
+            ++i;
+            digits = true;
+        }
+    }
+    if (!digits)
+        return 0.0;
+    bool ok = false;
+    const double number = QStringView(text).mid(start, i - start).toDouble(&ok);
+    return ok ? number : 0.0;
+}
+
+namespace {
+
+bool parseNumber(const QString &text, double *number)
+{
+    bool ok = false;
+    const double v = QLocale::c().toDouble(text.trimmed(), &ok);
+    if (ok && number)
+        *number = v;
+    return ok;
+}
+
+// Days since 1899-12-30: the original platform's date serial.
+double dateSerial(const QDateTime &moment)
+{
+    static const QDate epoch(1899, 12, 30);
+    const double days = epoch.daysTo(moment.date());
+    return days + moment.time().msecsSinceStartOfDay() / 86400000.0;
+}
+
+QDateTime parseDateText(const QString &raw)
+{
+    const QString text = raw.trimmed();
+    if (text.isEmpty())
+        return {};
+    static const char *const dateForms[] = { "yyyy-MM-dd", "yyyy/M/d", "M/d/yyyy", "d.M.yyyy",
+                                             "d MMMM yyyy", "d MMM yyyy", "MMMM d, yyyy",
+                                             "MMM d, yyyy", "M/d/yy" };
+    static const char *const timeForms[] = { "", " hh:mm:ss", " h:mm:ss", " hh:mm", " h:mm",
+                                             "Thh:mm:ss", "Thh:mm:ss.zzz" };
+    const QLocale c = QLocale::c();
+    for (const char *date : dateForms) {
+        for (const char *time : timeForms) {
+            const QString form = QLatin1String(date) + QLatin1String(time);
+            const QDateTime moment = c.toDateTime(text, form);
+            if (moment.isValid())
+                return moment;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+bool isNumeric(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Int16:
+    case ValueKind::Int32:
+    case ValueKind::Single:
+    case ValueKind::Double:
+    case ValueKind::Boolean:
+    case ValueKind::Empty:
+        return true;
+    case ValueKind::Text:
+        return parseNumber(value.toString(), nullptr);
+    default:
+        return false;
+    }
+}
+
+QString textOf(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Empty:
+        return QString();
+    case ValueKind::Text:
+        return value.toString();
+    case ValueKind::Int16:
+    case ValueKind::Int32:
+        return QString::number(value.toLongLong());
+    case ValueKind::Single:
+        return QString::number(value.toFloat(), 'g', 7);
+    case ValueKind::Double:
+        return QString::number(value.toDouble(), 'g', 15);
+    case ValueKind::Boolean:
+        return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+    case ValueKind::Date: {
+        // ISO form, so that stored values read back the same whatever the user's locale.
+        const QDateTime moment = value.typeId() == QMetaType::QDate
+            ? value.toDate().startOfDay()
+            : value.toDateTime();
+        return moment.time() == QTime(0, 0) ? moment.date().toString(Qt::ISODate)
+                                            : moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    }
+    case ValueKind::Object:
+    case ValueKind::Other:
+        break;
+    }
+    if (value.canConvert<QString>())
+        return value.toString();
+    raise(ErrTypeMismatch);
+}
+
+double toDouble(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Empty:
+        return 0.0;
+    case ValueKind::Boolean:
+        return value.toBool() ? -1.0 : 0.0;
+    case ValueKind::Int16:
+    case ValueKind::Int32:
+    case ValueKind::Single:
+    case ValueKind::Double:
+        return value.toDouble();
+    case ValueKind::Text: {
+        double number = 0.0;
+        if (parseNumber(value.toString(), &number))
+            return number;
+        const QString text = value.toString().trimmed();
+        if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0)
+            return -1.0;
+        if (text.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0)
+            return 0.0;
+        break;
+    }
+    case ValueKind::Date:
+        return dateSerial(value.typeId() == QMetaType::QDate ? value.toDate().startOfDay()
+                                                             : value.toDateTime());
+    case ValueKind::Object:
+    case ValueKind::Other:
+        break;
+    }
+    raise(ErrTypeMismatch);
+}
+
+namespace {
+template <typename Int>
+Int roundTo(double value)
+{
+    if (std::isnan(value))
+        raise(ErrOverflow);
+    const double rounded = std::nearbyint(value); // the default rounding mode: halves to even
+    if (rounded < double(std::numeric_limits<Int>::min())
+        || rounded > double(std::numeric_limits<Int>::max()))
+        raise(ErrOverflow);
+    return Int(rounded);
+}
+} // namespace
+
+qint16 roundToInt16(double value) { return roundTo<qint16>(value); }
+qint32 roundToInt32(double value) { return roundTo<qint32>(value); }
+qint16 toInt16(const QVariant &value) { return roundToInt16(toDouble(value)); }
+qint32 toInt32(const QVariant &value) { return roundToInt32(toDouble(value)); }
+
+bool toBool(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Empty:
+        return false;
+    case ValueKind::Boolean:
+        return value.toBool();
+    case ValueKind::Text: {
+        const QString text = value.toString().trimmed();
+        if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0)
+            return true;
+        if (text.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0)
+            return false;
+        double number = 0.0;
+        if (parseNumber(text, &number))
+            return number != 0.0;
+        raise(ErrTypeMismatch);
+    }
+    default:
+        return toDouble(value) != 0.0;
+    }
+}
+
+bool isDate(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Date:
+        return true;
+    case ValueKind::Text:
+        return parseDateText(value.toString()).isValid();
+    default:
+        return false;
+    }
+}
+
+QDate toDate(const QVariant &value)
+{
+    switch (kindOf(value)) {
+    case ValueKind::Date:
+        return value.typeId() == QMetaType::QDate ? value.toDate() : value.toDateTime().date();
+    case ValueKind::Text: {
+        const QDateTime moment = parseDateText(value.toString());
+        if (moment.isValid())
+            return moment.date();
+        break;
+    }
+    case ValueKind::Int16:
+    case ValueKind::Int32:
+    case ValueKind::Single:
+    case ValueKind::Double:
+        return QDate(1899, 12, 30).addDays(qint64(std::floor(value.toDouble())));
+    default:
+        break;
+    }
+    raise(ErrTypeMismatch);
+}
+
+} // namespace kwFieldDeck

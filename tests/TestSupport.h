@@ -1,0 +1,83 @@
+#pragma once
+
+// Recorders for the two seams that tests answer: message boxes and the error report. Each
+// installs itself for its lifetime and restores the previous handler afterwards.
+
+#include "platform/Error.h"
+#include "platform/MessageBox.h"
+
+#include <QString>
+#include <QVector>
+
+namespace kwFieldDeck::test {
+
+struct ShownMessage {
+    QString prompt;
+    int style = 0;
+    QString title;
+};
+
+class MessageRecorder
+{
+public:
+    explicit MessageRecorder(int answer = MsgBoxResult::OK)
+        : m_previous(setMessageBoxHandler([this, answer](const QString &prompt, int style,
+                                                         const QString &title) {
+            messages.append({ prompt, style, title });
+            return answer;
+        }))
+    {
+    }
+    ~MessageRecorder() { setMessageBoxHandler(std::move(m_previous)); }
+    MessageRecorder(const MessageRecorder &) = delete;
+    MessageRecorder &operator=(const MessageRecorder &) = delete;
+
+    QStringList prompts() const
+    {
+        QStringList all;
+        for (const ShownMessage &m : messages)
+            all << m.prompt;
+        return all;
+    }
+
+    QVector<ShownMessage> messages;
+
+private:
+    MessageBoxHandler m_previous;
+};
+
+struct ReportedError {
+    int number = 0;
+    QString description;
+    QString source;
+};
+
+class ErrorRecorder
+{
+public:
+    ErrorRecorder()
+        : m_previous(setErrorReportHandler(
+            [this](int number, const QString &description, const QString &source) {
+                errors.append({ number, description, source });
+            }))
+    {
+    }
+    ~ErrorRecorder() { setErrorReportHandler(std::move(m_previous)); }
+    ErrorRecorder(const ErrorRecorder &) = delete;
+    ErrorRecorder &operator=(const ErrorRecorder &) = delete;
+
+    QStringList sources() const
+    {
+        QStringList all;
+        for (const ReportedError &e : errors)
+            all << e.source;
+        return all;
+    }
+
+    QVector<ReportedError> errors;
+
+private:
+    ErrorReportHandler m_previous;
+};
+
+} // namespace kwFieldDeck::test
