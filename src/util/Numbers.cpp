@@ -1,0 +1,25 @@
+#include "util/Numbers.h"
+
+#include "platform/Error.h"
+
+namespace kwFieldDeck {
+
+qint32 Increment(qint32 &value, qint32 step)
+{
+    qint32 result;
+    if (qAddOverflow(value, step, &result))
+        raise(ErrOverflow);
+    value = result;
+    return value;
+}
+
+qint32 Decrement(qint32 &value, qint32 step)
+{
+    qint32 result;
+    if (qSubOverflow(value, step, &result))
+        raise(ErrOverflow);
+    value = result;
+    return value;
+}
+
+} // namespace kwFieldDeck
