@@ -3,7 +3,13 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all deps build demo test clean
+ASAN_BUILD ?= build-asan
+FUZZ_BUILD ?= build-fuzz
+BENCH_BUILD ?= build-bench
+FUZZ_SECONDS ?= 60
+BENCH_ROWS ?= 1000 10000 100000
+
+.PHONY: all deps build demo test clean test-asan fuzz bench
 
 all: build
 
@@ -21,6 +27,20 @@ demo: build
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+# The whole suite under AddressSanitizer and UndefinedBehaviorSanitizer, in its own build folder.
+test-asan: deps
+	@JOBS=$(JOBS) scripts/test-asan.sh $(ASAN_BUILD)
+
+# Every libFuzzer target for FUZZ_SECONDS each, from its seed corpus (clang).
+fuzz:
+	@KW_WITH_FUZZ=1 scripts/install-deps.sh
+	@JOBS=$(JOBS) FUZZ_SECONDS=$(FUZZ_SECONDS) scripts/fuzz.sh $(FUZZ_BUILD)
+
+# The grid against its peers for each of BENCH_ROWS; table, bench/results/bench.csv and .svg.
+bench:
+	@KW_WITH_BENCH=1 scripts/install-deps.sh
+	@JOBS=$(JOBS) BENCH_ROWS="$(BENCH_ROWS)" scripts/bench.sh $(BENCH_BUILD)
 
 clean:
 	rm -rf $(BUILD)
