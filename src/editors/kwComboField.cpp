@@ -1,0 +1,165 @@
+#include "editors/kwComboField.h"
+
+#include "platform/ClassFactory.h"
+#include "platform/ComboBox.h"
+#include "platform/Values.h"
+
+namespace kwFieldDeck {
+
+namespace {
+const bool registered = ClassFactory::registerUserControl<kwComboField>(
+    libraryTitle() + QLatin1String(".kwComboField"));
+} // namespace
+
+kwComboField::kwComboField(QWidget *parent)
+    : kwEditorControl("kwComboField", parent)
+{
+    Q_UNUSED(registered)
+    cbo = static_cast<ComboBox *>(
+        Controls().Add(QLatin1String(ComboBox::ClassId), QStringLiteral("cbo"), this));
+    connect(cbo, &Control::Click, this, &kwComboField::cbo_Click);
+    connect(cbo, &Control::GotFocus, this, &kwComboField::cbo_GotFocus);
+}
+
+QString kwComboField::Value() const
+{
+    return trap(source("Property", "Value").constData(), [&] {
+        if (!m_UseItemData)
+            return cbo->Text();
+        const int index = cbo->ListIndex();
+        return index >= 0 ? QString::number(cbo->ItemData(index)) : QString();
+    });
+}
+
+void kwComboField::setValue(const QString &value)
+{
+    trap(source("Property", "Value").constData(), [&] {
+        m_Value = value;
+        const int count = cbo->ListCount();
+        if (m_UseItemData) {
+            const double wanted = leadingNumber(value);
+            for (int i = 0; i < count; ++i) {
+                if (double(cbo->ItemData(i)) == wanted) {
+                    cbo->setListIndex(i);
+                    return;
+                }
+            }
+        } else {
+            const QString wanted = value.toUpper();
+            for (int i = 0; i < count; ++i) {
+                if (cbo->List(i).toUpper() == wanted) {
+                    cbo->setListIndex(i);
+                    return;
+                }
+            }
+        }
+        // Property-changed only when nothing matched, and the selection stays: intended.
+        propertyChanged(QStringLiteral("Value"));
+    });
+}
+
+qint16 kwComboField::Style() const
+{
+    return trap(source("Property", "Style").constData(), [&] { return cbo->Style(); });
+}
+
+void kwComboField::setEnabled(bool enabled)
+{
+    changeProperty("Enabled", [&] {
+        m_Enabled = enabled;
+        cbo->setEnabled(enabled);
+    });
+}
+
+QFont kwComboField::Font() const
+{
+    return trap(source("Property", "Font").constData(), [&] { return cbo->Font(); });
+}
+
+void kwComboField::setFont(const QFont &font)
+{
+    changeProperty("Font", [&] { cbo->setFont(font); });
+}
+
+void kwComboField::SetFocus()
+{
+    trap(source("Sub", "SetFocus").constData(), [&] { cbo->SetFocus(); });
+}
+
+QVector<kwEditorControl::PersistedProperty> kwComboField::persistedProperties()
+{
+    // Three names come twice with other targets and defaults; the later write of a name wins
+    // in the bag. Intended.
+    return {
+        colorProperty(
+            "BackColor", SystemColor::ButtonFace, [this] { return surfaceBackColor(); },
+            [this](OleColor c) { setSurfaceBackColor(c); }),
+        colorProperty(
+            "ForeColor", SystemColor::WindowText, [this] { return cbo->ForeColor(); },
+            [this](OleColor c) { cbo->setForeColor(c); }),
+        boolProperty(
+            "Enabled", false, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; }),
+        fontProperty(
+            "Font", [this] { return cbo->Font(); }, [this](const QFont &f) { cbo->setFont(f); }),
+        int16Property(
+            "BackStyle", 1, [this] { return qint16(surfaceBackStyle()); },
+            [this](qint16 s) { setSurfaceBackStyle(s); }),
+        int16Property(
+            "BorderStyle", 0, [this] { return qint16(surfaceBorderStyle()); },
+            [this](qint16 s) { setSurfaceBorderStyle(s); }),
+        textProperty(
+            "Value", QString(), [this] { return cbo->Text(); },
+            [this](const QString &t) { cbo->setText(t); }),
+        int16Property(
+            "ScaleMode", 1, [this] { return qint16(surfaceScaleMode()); },
+            [this](qint16 m) { setSurfaceScaleMode(m); }),
+        colorProperty(
+            "ForeColor", 0, [this] { return m_ForeColor; },
+            [this](OleColor c) { m_ForeColor = c; }),
+        fontProperty(
+            "Font", [this] { return cbo->Font(); }, [this](const QFont &f) { cbo->setFont(f); }),
+        textProperty(
+            "Value", QString(), [this] { return m_Value; },
+            [this](const QString &v) { m_Value = v; }),
+    };
+}
+
+void kwComboField::UserControl_InitProperties()
+{
+    trap(source("Sub", "UserControl_InitProperties").constData(), [&] {
+        m_Enabled = false;
+        m_ForeColor = 0;
+        m_Value.clear();
+    });
+}
+
+void kwComboField::UserControl_Resize()
+{
+    trap(source("Sub", "UserControl_Resize").constData(), [&] {
+        cbo->setLeft(0);
+        cbo->setTop(15);
+        cbo->setWidth(ScaleWidth() - 20);
+        // The height follows the combo box's font.
+        cbo->setHeight(float(cbo->widget()->sizeHint().height() * twipsPerPixelY()));
+    });
+}
+
+void kwComboField::cbo_Click()
+{
+    trap(source("Sub", "cbo_Click").constData(), [&] {
+        // Reads the entry at ListIndex without checking that one is selected, as intended.
+        m_Value = m_UseItemData ? QString::number(cbo->ItemData(cbo->ListIndex())) : cbo->Text();
+        emit Change();
+    });
+}
+
+void kwComboField::cbo_GotFocus()
+{
+    trap(source("Sub", "cbo_GotFocus").constData(), [&] {
+        // Entering the box always reports a change first, then the focus: intended.
+        emit Change();
+        emit HasFocus();
+    });
+}
+
+} // namespace kwFieldDeck

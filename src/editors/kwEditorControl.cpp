@@ -1,0 +1,259 @@
+#include "editors/kwEditorControl.h"
+
+#include "platform/Control.h"
+#include "platform/PropertyBag.h"
+#include "platform/Services.h"
+#include "platform/Values.h"
+
+#include <cmath>
+
+namespace kwFieldDeck {
+
+kwEditorControl::kwEditorControl(const char *controlName, QWidget *parent)
+    : UserControl(parent)
+    , m_controlName(controlName)
+{
+    // The focus belongs to the children; the surface takes it only when given it in code.
+    setFocusPolicy(Qt::NoFocus);
+}
+
+kwEditorControl::~kwEditorControl() = default;
+
+QByteArray kwEditorControl::source(const char *kind, const char *name) const
+{
+    return QByteArray(kind) + " '" + name + "' of User Control '" + m_controlName + '\'';
+}
+
+OleColor kwEditorControl::BackColor() const
+{
+    return surfaceBackColor();
+}
+
+void kwEditorControl::setBackColor(OleColor color)
+{
+    changeProperty("BackColor", [&] { setSurfaceBackColor(color); });
+}
+
+OleColor kwEditorControl::ForeColor() const
+{
+    return m_ForeColor;
+}
+
+void kwEditorControl::setForeColor(OleColor color)
+{
+    changeProperty("ForeColor", [&] { m_ForeColor = color; });
+}
+
+bool kwEditorControl::Enabled() const
+{
+    return m_Enabled;
+}
+
+void kwEditorControl::setEnabled(bool enabled)
+{
+    changeProperty("Enabled", [&] { m_Enabled = enabled; });
+}
+
+QFont kwEditorControl::Font() const
+{
+    return m_Font;
+}
+
+void kwEditorControl::setFont(const QFont &font)
+{
+    changeProperty("Font", [&] { m_Font = font; });
+}
+
+qint16 kwEditorControl::BackStyle() const
+{
+    return qint16(surfaceBackStyle());
+}
+
+void kwEditorControl::setBackStyle(qint16 style)
+{
+    changeProperty("BackStyle", [&] { setSurfaceBackStyle(style); });
+}
+
+qint16 kwEditorControl::BorderStyle() const
+{
+    return qint16(surfaceBorderStyle());
+}
+
+void kwEditorControl::setBorderStyle(qint16 style)
+{
+    changeProperty("BorderStyle", [&] { setSurfaceBorderStyle(style); });
+}
+
+void kwEditorControl::Move(
+    float Left, float Top, std::optional<float> Width, std::optional<float> Height)
+{
+    trap(source("Sub", "Move").constData(),
+        [&] { require(extender())->Move(Left, Top, Width, Height); });
+}
+
+QWidget *kwEditorControl::Container() const
+{
+    return trap(source("Property", "Container").constData(),
+        [&] { return require(extender())->Container(); });
+}
+
+void kwEditorControl::setContainer(QWidget *container)
+{
+    trap(source("Property", "Container").constData(),
+        [&] { require(extender())->setContainer(container); });
+}
+
+float kwEditorControl::Top() const
+{
+    return trap(source("Property", "Top").constData(), [&] { return require(extender())->Top(); });
+}
+
+void kwEditorControl::setTop(float top)
+{
+    trap(source("Property", "Top").constData(), [&] { require(extender())->setTop(top); });
+}
+
+float kwEditorControl::Left() const
+{
+    return trap(
+        source("Property", "Left").constData(), [&] { return require(extender())->Left(); });
+}
+
+void kwEditorControl::setLeft(float left)
+{
+    trap(source("Property", "Left").constData(), [&] { require(extender())->setLeft(left); });
+}
+
+float kwEditorControl::Height() const
+{
+    return trap(
+        source("Property", "Height").constData(), [&] { return require(extender())->Height(); });
+}
+
+void kwEditorControl::setHeight(float height)
+{
+    trap(source("Property", "Height").constData(), [&] { require(extender())->setHeight(height); });
+}
+
+float kwEditorControl::Width() const
+{
+    return ScaleWidth();
+}
+
+void kwEditorControl::setWidth(float width)
+{
+    trap(source("Property", "Width").constData(), [&] {
+        if (width < 0)
+            kwFieldDeck::raise(ErrInvalidCall);
+        resize(twipsToPixelsX(width), height());
+    });
+}
+
+bool kwEditorControl::Visible() const
+{
+    return trap(
+        source("Property", "Visible").constData(), [&] { return require(extender())->Visible(); });
+}
+
+void kwEditorControl::setContainerHwnd(qint32 hwnd)
+{
+    changeProperty("ContainerHwnd", [&] { m_ContainerHwnd = hwnd; });
+}
+
+qint16 kwEditorControl::ScaleMode() const
+{
+    return qint16(surfaceScaleMode());
+}
+
+void kwEditorControl::setScaleMode(qint16 mode)
+{
+    changeProperty("ScaleMode", [&] { setSurfaceScaleMode(mode); });
+}
+
+bool kwEditorControl::moveToNeighbourRow(int &KeyCode, const QString &forward)
+{
+    switch (KeyCode) {
+    case KeyCode::Up:
+        KeyCode = 0;
+        SendKeys(QStringLiteral("+{tab}"));
+        return true;
+    case KeyCode::Down:
+        KeyCode = 0;
+        SendKeys(forward);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool kwEditorControl::isFocusReturn(const Control *child)
+{
+    const Qt::FocusReason reason = child->lastFocusReason();
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::colorProperty(const char *name,
+    OleColor defaultValue, std::function<OleColor()> take, std::function<void(OleColor)> give)
+{
+    return { QString::fromLatin1(name), QVariant::fromValue<OleColor>(defaultValue),
+        [take] { return QVariant::fromValue<OleColor>(take()); },
+        [give](const QVariant &v) { give(OleColor(qint64(std::llround(toDouble(v))))); } };
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::boolProperty(
+    const char *name, bool defaultValue, std::function<bool()> take, std::function<void(bool)> give)
+{
+    return { QString::fromLatin1(name), QVariant(defaultValue), [take] { return QVariant(take()); },
+        [give](const QVariant &v) { give(toBool(v)); } };
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::int16Property(const char *name,
+    qint16 defaultValue, std::function<qint16()> take, std::function<void(qint16)> give)
+{
+    return { QString::fromLatin1(name), int16Value(defaultValue),
+        [take] { return int16Value(take()); }, [give](const QVariant &v) { give(toInt16(v)); } };
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::int32Property(const char *name,
+    qint32 defaultValue, std::function<qint32()> take, std::function<void(qint32)> give)
+{
+    return { QString::fromLatin1(name), int32Value(defaultValue),
+        [take] { return int32Value(take()); }, [give](const QVariant &v) { give(toInt32(v)); } };
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::textProperty(const char *name,
+    const QString &defaultValue, std::function<QString()> take,
+    std::function<void(const QString &)> give)
+{
+    return { QString::fromLatin1(name), textValue(defaultValue),
+        [take] { return textValue(take()); }, [give](const QVariant &v) { give(textOf(v)); } };
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::fontProperty(
+    const char *name, std::function<QFont()> take, std::function<void(const QFont &)> give) const
+{
+    return { QString::fromLatin1(name), QVariant(ambientFont()),
+        [take] { return QVariant(take()); },
+        [give](const QVariant &v) { give(v.value<QFont>()); } };
+}
+
+void kwEditorControl::UserControl_ReadProperties(PropertyBag &bag)
+{
+    trap(source("Sub", "UserControl_ReadProperties").constData(), [&] {
+        for (const PersistedProperty &property : persistedProperties())
+            property.give(bag.ReadProperty(property.name, property.defaultValue));
+    });
+}
+
+void kwEditorControl::UserControl_WriteProperties(PropertyBag &bag) const
+{
+    trap(source("Sub", "UserControl_WriteProperties").constData(), [&] {
+        // The table also says how to assign, so building it needs the non-const control;
+        // writing only takes values from it.
+        const auto properties = const_cast<kwEditorControl *>(this)->persistedProperties();
+        for (const PersistedProperty &property : properties)
+            bag.WriteProperty(property.name, property.take(), property.defaultValue);
+    });
+}
+
+} // namespace kwFieldDeck

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "editors/kwEditorControl.h"
+
+namespace kwFieldDeck {
+
+class CommandButton;
+class TextBox;
+
+// The editor of a folder field: a text box showing the chosen folder shortened to fit, and a
+// "..." button that opens the folder-browse dialog.
+class kwFolderSelectorField : public kwEditorControl
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Value READ Value WRITE setValue)
+    Q_PROPERTY(QString Title READ Title WRITE setTitle)
+    Q_PROPERTY(QString InitDir READ InitDir WRITE setInitDir)
+public:
+    explicit kwFolderSelectorField(QWidget *parent = nullptr);
+
+    QString Value() const { return m_Value; }
+    void setValue(const QString &path);
+    // Neither is persisted.
+    QString Title() const { return m_Title; }
+    void setTitle(const QString &title);
+    QString InitDir() const { return m_InitDir; }
+    void setInitDir(const QString &folder);
+
+    OleColor BackColor() const override;
+    void setBackColor(OleColor color) override;
+    OleColor ForeColor() const override;
+    void setForeColor(OleColor color) override;
+    bool Enabled() const override;
+    void setEnabled(bool enabled) override;
+    QFont Font() const override;
+    void setFont(const QFont &font) override;
+    qint16 BackStyle() const override { return m_BackStyle; }
+    void setBackStyle(qint16 style) override;
+    qint16 BorderStyle() const override;
+    void setBorderStyle(qint16 style) override;
+
+    void SetFocus();
+
+signals:
+    void Change();
+
+protected:
+    QVector<PersistedProperty> persistedProperties() override;
+    void UserControl_InitProperties() override;
+    void UserControl_Resize() override;
+
+private:
+    void btnBrowse_Click();
+    void btnBrowse_GotFocus();
+    void Text1_Change();
+    void Text1_GotFocus();
+    void setSurfaceEnabled(bool enabled);
+
+    TextBox *Text1;
+    CommandButton *btnBrowse;
+    QString m_Value;
+    QString m_Title;
+    QString m_InitDir;
+};
+
+} // namespace kwFieldDeck

@@ -1,0 +1,125 @@
+#include "editors/kwSimpleCheck.h"
+
+#include "platform/CheckBox.h"
+#include "platform/ClassFactory.h"
+#include "platform/Services.h"
+#include "util/Placement.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace kwFieldDeck {
+
+namespace {
+const bool registered = ClassFactory::registerUserControl<kwSimpleCheck>(
+    libraryTitle() + QLatin1String(".kwSimpleCheck"));
+} // namespace
+
+kwSimpleCheck::kwSimpleCheck(QWidget *parent)
+    : kwEditorControl("kwSimpleCheck", parent)
+{
+    Q_UNUSED(registered)
+    Check1 = static_cast<CheckBox *>(
+        Controls().Add(QLatin1String(CheckBox::ClassId), QStringLiteral("Check1"), this));
+    // Only the box shows; the caption stays outside the 200 by 200 twips.
+    Check1->setCaption(QStringLiteral("Check1"));
+    Check1->Move(0, 0, 200, 200);
+    connect(Check1, &Control::Click, this, &kwSimpleCheck::Check1_Click);
+    connect(Check1, &Control::GotFocus, this, &kwSimpleCheck::Check1_GotFocus);
+    connect(Check1, &Control::KeyDown, this, &kwSimpleCheck::Check1_KeyDown);
+}
+
+qint16 kwSimpleCheck::Value() const
+{
+    return trap(source("Property", "Value").constData(), [&] { return Check1->Value(); });
+}
+
+void kwSimpleCheck::setValue(qint16 value)
+{
+    changeProperty("Value", [&] { Check1->setValue(value); });
+}
+
+QVector<kwEditorControl::PersistedProperty> kwSimpleCheck::persistedProperties()
+{
+    return {
+        colorProperty(
+            "BackColor", SystemColor::ButtonFace, [this] { return surfaceBackColor(); },
+            [this](OleColor c) { setSurfaceBackColor(c); }),
+        colorProperty(
+            "ForeColor", 0, [this] { return m_ForeColor; },
+            [this](OleColor c) { m_ForeColor = c; }),
+        boolProperty(
+            "Enabled", false, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; }),
+        fontProperty(
+            "Font", [this] { return m_Font; }, [this](const QFont &f) { m_Font = f; }),
+        int16Property(
+            "BackStyle", 1, [this] { return qint16(surfaceBackStyle()); },
+            [this](qint16 s) { setSurfaceBackStyle(s); }),
+        int16Property(
+            "BorderStyle", 0, [this] { return qint16(surfaceBorderStyle()); },
+            [this](qint16 s) { setSurfaceBorderStyle(s); }),
+        int16Property(
+            "Value", 0, [this] { return Check1->Value(); },
+            [this](qint16 v) { Check1->setValue(v); }),
+    };
+}
+
+void kwSimpleCheck::UserControl_InitProperties()
+{
+    trap(source("Sub", "UserControl_InitProperties").constData(), [&] {
+        // Stored and persisted, deliberately not applied to Check1.
+        m_ForeColor = 0;
+        m_Enabled = false;
+        m_Font = ambientFont();
+    });
+}
+
+void kwSimpleCheck::UserControl_Resize()
+{
+    trap(source("Sub", "UserControl_Resize").constData(),
+        [&] { PlaceChild(Check1, this, true, true, 0, 0); });
+}
+
+void kwSimpleCheck::UserControl_Click()
+{
+    trap(source("Sub", "UserControl_Click").constData(), [&] {
+        // A grayed box becomes checked, never unchecked: intended.
+        Check1->setValue(Check1->Value() == 1 ? 0 : 1);
+    });
+}
+
+void kwSimpleCheck::focusInEvent(QFocusEvent *event)
+{
+    kwEditorControl::focusInEvent(event);
+    trap(source("Sub", "UserControl_GotFocus").constData(), [&] {
+        emit HasFocus();
+        Check1->SetFocus();
+    });
+}
+
+void kwSimpleCheck::keyPressEvent(QKeyEvent *event)
+{
+    trap(source("Sub", "UserControl_KeyDown").constData(), [&] {
+        int code = keyCodeOf(event->key());
+        if (!moveToNeighbourRow(code))
+            kwEditorControl::keyPressEvent(event);
+    });
+}
+
+void kwSimpleCheck::Check1_Click()
+{
+    trap(source("Sub", "Check1_Click").constData(), [&] { emit Click(); });
+}
+
+void kwSimpleCheck::Check1_GotFocus()
+{
+    trap(source("Sub", "Check1_GotFocus").constData(), [&] { emit HasFocus(); });
+}
+
+void kwSimpleCheck::Check1_KeyDown(int &KeyCode, int &Shift)
+{
+    Q_UNUSED(Shift)
+    trap(source("Sub", "Check1_KeyDown").constData(), [&] { moveToNeighbourRow(KeyCode); });
+}
+
+} // namespace kwFieldDeck

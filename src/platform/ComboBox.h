@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Control.h"
+
+class QComboBox;
+
+namespace kwFieldDeck {
+
+// The standard combo box: a list of entries, each a display text with a 32-bit item datum, and
+// the selected one (ListIndex, -1 for none). Click comes when the selection changes, by the user
+// or by setting ListIndex; adding and clearing entries select nothing by themselves.
+class ComboBox : public Control
+{
+    Q_OBJECT
+public:
+    // Style 0 is the drop-down combo whose text can be typed, 2 the drop-down list.
+    explicit ComboBox(const QString &name, QObject *owner = nullptr, qint16 style = 2);
+
+    static constexpr const char *ClassId = "VB.ComboBox";
+
+    void AddItem(const QString &text);
+    // The index of the entry added last, -1 before any.
+    int NewIndex() const { return m_newIndex; }
+    // Indexes outside the list are an invalid property array index (381).
+    qint32 ItemData(int i) const;
+    void setItemData(int i, qint32 data);
+    int ListIndex() const;
+    void setListIndex(int index);
+    int ListCount() const;
+    QString List(int i) const;
+    QString Text() const;
+    // A drop-down list shows only its entries: the text selects the entry spelled so (in any
+    // letter case) and otherwise leaves the selection as it is.
+    void setText(const QString &text);
+    void Clear();
+    qint16 Style() const { return m_style; }
+
+    QComboBox *comboBox() const;
+
+signals:
+    void Change();
+
+private:
+    void checkIndex(int i) const;
+
+    qint16 m_style;
+    int m_newIndex = -1;
+    bool m_quiet = false;
+};
+
+} // namespace kwFieldDeck

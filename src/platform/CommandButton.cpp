@@ -1,0 +1,66 @@
+#include "platform/CommandButton.h"
+
+#include "platform/ClassFactory.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPushButton>
+
+namespace kwFieldDeck {
+
+namespace {
+const bool registered = ClassFactory::registerClass(
+    QLatin1String(CommandButton::ClassId), [](const QString &name, QObject *owner) -> Control * {
+        return new CommandButton(name, owner);
+    });
+} // namespace
+
+CommandButton::CommandButton(const QString &name, QObject *owner)
+    : Control(new QPushButton, name, owner)
+{
+    Q_UNUSED(registered)
+    pushButton()->setAutoDefault(false);
+    connect(pushButton(), &QPushButton::clicked, this, &Control::Click);
+}
+
+QPushButton *CommandButton::pushButton() const
+{
+    return static_cast<QPushButton *>(widget());
+}
+
+QString CommandButton::Caption() const
+{
+    return pushButton()->text();
+}
+void CommandButton::setCaption(const QString &caption)
+{
+    pushButton()->setText(caption);
+}
+
+void CommandButton::ignoreFocusingPress()
+{
+    // A mouse press gives the focus before the button sees the press itself.
+    if (lastFocusReason() == Qt::MouseFocusReason)
+        m_ignorePress = true;
+}
+
+bool CommandButton::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && m_ignorePress) {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            // When the button was released while a dialog was open, no release follows.
+            if (!(QGuiApplication::mouseButtons() & static_cast<QMouseEvent *>(event)->button()))
+                m_ignorePress = false;
+            return true;
+        case QEvent::MouseButtonRelease:
+            m_ignorePress = false;
+            return true;
+        default:
+            break;
+        }
+    }
+    return Control::eventFilter(watched, event);
+}
+
+} // namespace kwFieldDeck
