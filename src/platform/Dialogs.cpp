@@ -128,7 +128,7 @@ QStringList nameFilters(const QString &filter)
 QString startFolder(const QString &folder)
 {
     if (!folder.isEmpty() && FileSystem::FolderExists(folder))
-        return QFileInfo(FileSystem::resolvePath(folder)).absoluteFilePath();
+        return QDir::cleanPath(QFileInfo(FileSystem::resolvePath(folder)).absoluteFilePath());
     return QDir::homePath();
 }
 

@@ -88,8 +88,10 @@ QString GetParentFolderName(const QString &path)
     qsizetype folderEnd = cut;
     while (folderEnd > 0 && isSeparator(path.at(folderEnd - 1)))
         --folderEnd;
-    // The root keeps its separator: the parent of "/etc" is "/".
-    return folderEnd == 0 ? path.left(1) : path.left(folderEnd);
+    // A root keeps its separator: the parent of "/etc" is "/", of "C:\x" is "C:\".
+    if (folderEnd == 0 || (folderEnd == 2 && path.at(1) == QLatin1Char(':')))
+        return path.left(folderEnd + 1);
+    return path.left(folderEnd);
 }
 
 } // namespace kwFieldDeck::FileSystem
