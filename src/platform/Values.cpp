@@ -13,7 +13,10 @@ namespace kwFieldDeck {
 
 ValueKind kindOf(const QVariant &value)
 {
-    if (!value.isValid() || value.isNull() && value.typeId() != QMetaType::QString)
+    // A null text is still text, and a null object reference (Nothing) still an object.
+    const bool keepsKindWhenNull = value.typeId() == QMetaType::QString
+        || value.metaType().flags().testFlag(QMetaType::PointerToQObject);
+    if (!value.isValid() || (value.isNull() && !keepsKindWhenNull))
         return ValueKind::Empty;
     switch (value.typeId()) {
     case QMetaType::QString:
