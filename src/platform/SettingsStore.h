@@ -9,15 +9,17 @@ namespace kwFieldDeck {
 // (kwFieldDeck/<application>.ini). Any text round-trips as a section, key or value.
 namespace SettingsStore {
 
-// The stored text, or the default when there is none.
+// The stored text, or the default when there is none or the store cannot be read.
 QString GetSetting(const QString &appName, const QString &section, const QString &key,
-                   const QString &defaultValue = QString());
+    const QString &defaultValue = QString());
 
 // Stores the text, replacing what was there. The file is replaced atomically; a store that
 // cannot be written fails with error 75 and leaves the previous file whole.
-void SaveSetting(const QString &appName, const QString &section, const QString &key,
-                 const QString &value);
+void SaveSetting(
+    const QString &appName, const QString &section, const QString &key, const QString &value);
 
+// The file that holds an application's settings (its name percent-encoded, long names shortened
+// by a digest). Names are compared exactly, as QSettings does on Linux.
 QString filePath(const QString &appName);
 
 } // namespace SettingsStore
