@@ -1,0 +1,98 @@
+#include "DefinitionFile.h"
+
+#include "FormMessages.h"
+
+#include "fieldmodel/Fields.h"
+#include "grid/kwPropertyControl.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace kwFieldDeck {
+
+namespace {
+// The library's header message, as LoadDefFile shows it for a file that is not a definition file.
+const QString HeaderRefused = QStringLiteral("File Format Does not Match!");
+
+bool hasBareLineFeeds(const QByteArray &bytes)
+{
+    for (qsizetype at = bytes.indexOf('\n'); at >= 0; at = bytes.indexOf('\n', at + 1)) {
+        if (at == 0 || bytes.at(at - 1) != '\r')
+            return true;
+    }
+    return false;
+}
+
+QByteArray withCrLfLineEnds(const QByteArray &bytes)
+{
+    QByteArray converted;
+    converted.reserve(bytes.size() + bytes.count('\n'));
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        if (bytes.at(i) == '\n' && (i == 0 || bytes.at(i - 1) != '\r'))
+            converted.append('\r');
+        converted.append(bytes.at(i));
+    }
+    return converted;
+}
+
+// Sets the current folder for the life of the object and puts the previous one back after.
+class CurrentFolder
+{
+public:
+    explicit CurrentFolder(const QString &folder)
+        : m_previous(QDir::currentPath())
+    {
+        QDir::setCurrent(folder);
+    }
+    ~CurrentFolder() { QDir::setCurrent(m_previous); }
+
+private:
+    QString m_previous;
+};
+} // namespace
+
+QString loadDefinitionFile(kwPropertyControl &grid, const QString &fileName, FormMessages &messages)
+{
+    const QFileInfo info(fileName);
+    if (!info.exists())
+        return QStringLiteral("the file does not exist");
+    if (info.isDir())
+        return QStringLiteral("it is a folder, not a file");
+    QFile file(info.absoluteFilePath());
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("it cannot be read (%1)").arg(file.errorString());
+    const QByteArray bytes = file.readAll();
+    file.close();
+
+    QString loadPath = info.absoluteFilePath();
+    QTemporaryDir copyFolder;
+    if (hasBareLineFeeds(bytes)) {
+        if (!copyFolder.isValid())
+            return QStringLiteral("no temporary folder for a CR LF copy of it");
+        QFile copy(copyFolder.filePath(info.fileName()));
+        if (!copy.open(QIODevice::WriteOnly) || copy.write(withCrLfLineEnds(bytes)) < 0)
+            return QStringLiteral("its CR LF copy cannot be written (%1)").arg(copy.errorString());
+        loadPath = copy.fileName();
+        messages.setPathAlias(loadPath, info.absoluteFilePath());
+    }
+
+    const int messagesBefore = messages.messages().size();
+    {
+        const CurrentFolder definitionFolder(info.absolutePath());
+        grid.LoadDefFile(loadPath);
+    }
+    messages.setPathAlias(QString(), QString());
+
+    for (const QString &message : messages.messages().mid(messagesBefore)) {
+        if (message.contains(HeaderRefused))
+            return QStringLiteral(
+                "its first line is not the header \"Property Control Definition File\"");
+    }
+    if (grid.Fields()->Count() == 0)
+        return QStringLiteral("it defines no field");
+    return QString();
+}
+
+} // namespace kwFieldDeck

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace kwFieldDeck {
+
+class Fields;
+
+// The text form of field values on the form program's command line and output: the settings
+// store's record (Name=Value, CR LF inside a value as the marker "%CRLF%"), one field per line.
+
+QString encodeLineBreaks(const QString &value);
+QString decodeLineBreaks(const QString &text);
+
+// One "Name=Value" line per field, in collection order.
+QStringList valueLines(Fields &fields);
+
+// Assigns each preset to the field of that name as text, so the field converts it by its type.
+// Returns the names that match no field.
+QStringList applyPresets(Fields &fields, const QVector<QPair<QString, QString>> &presets);
+
+} // namespace kwFieldDeck

@@ -1,0 +1,68 @@
+#include "FormMessages.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QRegularExpression>
+
+#include <cstdio>
+
+namespace kwFieldDeck {
+
+FormMessages::FormMessages(bool headless)
+    : m_headless(headless)
+{
+    m_previous
+        = setMessageBoxHandler([this](const QString &prompt, int style, const QString &title) {
+              return answer(prompt, style, title);
+          });
+}
+
+FormMessages::~FormMessages()
+{
+    setMessageBoxHandler(std::move(m_previous));
+}
+
+void FormMessages::setPathAlias(const QString &standIn, const QString &shownAs)
+{
+    m_standIn = standIn;
+    m_shownAs = shownAs;
+}
+
+bool FormMessages::noDisplay()
+{
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal"))
+        return true;
+    if (!platform.isEmpty())
+        return false;
+    return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+int FormMessages::answer(const QString &prompt, int style, const QString &title)
+{
+    QString text = prompt;
+    if (!m_standIn.isEmpty())
+        text.replace(m_standIn, m_shownAs);
+    m_messages.append(text);
+
+    if (!m_headless) {
+        // The library's own box, shown with this handler set aside for the moment.
+        MessageBoxHandler self = setMessageBoxHandler(m_previous);
+        const int button = MsgBox(text, style, title);
+        setMessageBoxHandler(std::move(self));
+        return button;
+    }
+
+    // One line per message: its lines joined, the blank ones left out.
+    QStringList lines
+        = text.split(QRegularExpression(QStringLiteral("[\r\n]+")), Qt::SkipEmptyParts);
+    const QString shownTitle = title.isEmpty() ? QCoreApplication::applicationName() : title;
+    const QByteArray line
+        = (shownTitle + QLatin1String(": ") + lines.join(QLatin1Char(' '))).toUtf8();
+    std::fprintf(stderr, "%s\n", line.constData());
+    std::fflush(stderr);
+    // Nobody can click: the default button answers.
+    return (style & 0x0F) == MsgBoxStyle::YesNo ? MsgBoxResult::Yes : MsgBoxResult::OK;
+}
+
+} // namespace kwFieldDeck
