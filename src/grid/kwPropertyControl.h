@@ -103,7 +103,6 @@ public:
     // Library-internal members.
     PictureBox *InnerPicBox() const { return picInner; }
     PictureBox *OuterPicBox() const { return picOuter; }
-    VScrollBar *ScrollBar() const { return VScroll1; }
     void RaiseChangedEvent(Field *oField);
     // Shows a field's description in the host's description label, when one is set.
     void ShowDescription(const QString &description);

@@ -23,4 +23,16 @@ void PictureBox::setAppearance(int appearance)
     frame->setFrameStyle(appearance == 1 ? QFrame::StyledPanel | QFrame::Sunken : QFrame::NoFrame);
 }
 
+float PictureBox::ScaleWidth() const
+{
+    const auto *frame = static_cast<QFrame *>(widget());
+    return Width() - float(2 * frame->frameWidth() * twipsPerPixelX());
+}
+
+float PictureBox::ScaleHeight() const
+{
+    const auto *frame = static_cast<QFrame *>(widget());
+    return Height() - float(2 * frame->frameWidth() * twipsPerPixelY());
+}
+
 } // namespace kwFieldDeck

@@ -16,6 +16,9 @@ public:
 
     int Appearance() const { return m_appearance; }
     void setAppearance(int appearance);
+    // The inner size, inside the border, in twips.
+    float ScaleWidth() const;
+    float ScaleHeight() const;
 
 private:
     int m_appearance = 1;

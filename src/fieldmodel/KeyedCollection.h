@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/Values.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+namespace kwFieldDeck {
+
+// The ordered, keyed collection behind Fields and DropDownValues: positions are 1-based, keys
+// are compared without regard to case and looked up by hash. It holds the items, it does not
+// own them.
+template <typename T>
+class KeyedCollection
+{
+public:
+    // Appends an item under a key; a key already present is error 457.
+    void add(T *item, const QString &key)
+    {
+        const QString folded = key.toCaseFolded();
+        if (m_byKey.contains(folded))
+            raise(ErrDuplicateKey);
+        m_items.append(item);
+        m_keys.append(folded);
+        m_byKey.insert(folded, item);
+    }
+
+    // A 1-based position or a key; a missing element is error 9 (position) or 5 (key).
+    T *item(const QVariant &indexKey) const { return m_items.at(positionOf(indexKey)); }
+
+    void remove(const QVariant &indexKey)
+    {
+        const qsizetype at = positionOf(indexKey);
+        m_byKey.remove(m_keys.at(at));
+        m_items.removeAt(at);
+        m_keys.removeAt(at);
+    }
+
+    int count() const { return int(m_items.size()); }
+    bool isEmpty() const { return m_items.isEmpty(); }
+    // Unchecked access by 0-based index, for the library's own loops.
+    T *at(int index) const { return m_items.at(index); }
+    T *last() const { return m_items.isEmpty() ? nullptr : m_items.last(); }
+    bool contains(const QString &key) const { return m_byKey.contains(key.toCaseFolded()); }
+
+    typename QList<T *>::const_iterator begin() const { return m_items.cbegin(); }
+    typename QList<T *>::const_iterator end() const { return m_items.cend(); }
+
+private:
+    qsizetype positionOf(const QVariant &indexKey) const
+    {
+        if (kindOf(indexKey) == ValueKind::Text) {
+            T *found = m_byKey.value(indexKey.toString().toCaseFolded());
+            if (!found)
+                raise(ErrInvalidCall);
+            return m_items.indexOf(found);
+        }
+        const qint32 position = toInt32(indexKey);
+        if (position < 1 || position > m_items.size())
+            raise(ErrSubscriptOutOfRange);
+        return position - 1;
+    }
+
+    QList<T *> m_items;
+    QList<QString> m_keys;
+    QHash<QString, T *> m_byKey;
+};
+
+} // namespace kwFieldDeck

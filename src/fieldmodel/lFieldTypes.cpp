@@ -1,0 +1,11 @@
+#include "fieldmodel/lFieldTypes.h"
+
+namespace kwFieldDeck {
+
+QString fieldTypeNames()
+{
+    return QStringLiteral(
+        "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO");
+}
+
+} // namespace kwFieldDeck

@@ -1,0 +1,231 @@
+#include "grid/kwPropertyControl.h"
+
+#include "fieldmodel/Field.h"
+#include "fieldmodel/Fields.h"
+#include "platform/ClassFactory.h"
+#include "platform/Error.h"
+#include "platform/PictureBox.h"
+#include "platform/PropertyBag.h"
+#include "platform/TextBox.h"
+#include "platform/VScrollBar.h"
+#include "platform/Values.h"
+
+namespace kwFieldDeck {
+
+namespace {
+// Hosts that build their windows from class identifiers create the grid like any control.
+const bool registered
+    = ClassFactory::registerUserControl<kwPropertyControl>(libraryTitle() + ".kwPropertyControl");
+
+OleColor colorOf(const QVariant &value)
+{
+    return OleColor(qint64(toDouble(value)));
+}
+} // namespace
+
+kwPropertyControl::kwPropertyControl(QWidget *parent)
+    : UserControl(parent)
+    , m_Font(ambientFont())
+{
+    // The design-time layout: the viewport, the canvas inside it and the scroll bar beside it.
+    picOuter = static_cast<PictureBox *>(Controls().Add(PictureBox::ClassId, "picOuter", this));
+    picInner = static_cast<PictureBox *>(
+        Controls().Add(PictureBox::ClassId, "picInner", picOuter->widget()));
+    VScroll1 = static_cast<VScrollBar *>(
+        Controls().Add(VScrollBar::ClassId, "VScroll1", picOuter->widget()));
+    picInner->setAppearance(0);
+    picInner->setBackColor(picOuter->BackColor());
+    VScroll1->setWidth(255);
+    connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControl::VScroll1_Change);
+    connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControl::VScroll1_Scroll);
+
+    m_Fields = new kwFieldDeck::Fields(this);
+    m_Fields->setParentClass(this);
+}
+
+kwPropertyControl::~kwPropertyControl() = default;
+
+kwFieldDeck::Fields *kwPropertyControl::Fields()
+{
+    m_Fields->setParentClass(this);
+    return m_Fields;
+}
+
+OleColor kwPropertyControl::BackColor() const
+{
+    return picOuter->BackColor();
+}
+
+void kwPropertyControl::setBackColor(OleColor color)
+{
+    trap("Property 'BackColor' of User Control 'kwPropertyControl'", [&] {
+        picOuter->setBackColor(color);
+        picInner->setBackColor(color);
+        propertyChanged(QStringLiteral("BackColor"));
+    });
+}
+
+void kwPropertyControl::setForeColor(OleColor color)
+{
+    m_ForeColor = color;
+    propertyChanged(QStringLiteral("ForeColor"));
+}
+
+void kwPropertyControl::setEnabled(bool enabled)
+{
+    m_Enabled = enabled;
+    propertyChanged(QStringLiteral("Enabled"));
+}
+
+void kwPropertyControl::setFont(const QFont &font)
+{
+    trap("Property 'Font' of User Control 'kwPropertyControl'", [&] {
+        applyFont(font);
+        propertyChanged(QStringLiteral("Font"));
+    });
+}
+
+void kwPropertyControl::applyFont(const QFont &font)
+{
+    m_Font = font;
+    QWidget::setFont(font);
+    picInner->setFont(font);
+    for (Field *field : *m_Fields)
+        field->setFont(font);
+}
+
+void kwPropertyControl::setBackStyle(qint16 style)
+{
+    m_BackStyle = style;
+    propertyChanged(QStringLiteral("BackStyle"));
+}
+
+void kwPropertyControl::setBorderStyle(qint16 style)
+{
+    m_BorderStyle = style;
+    propertyChanged(QStringLiteral("BorderStyle"));
+}
+
+qint16 kwPropertyControl::ScaleMode() const
+{
+    return qint16(surfaceScaleMode());
+}
+
+void kwPropertyControl::setScaleMode(qint16 mode)
+{
+    setSurfaceScaleMode(mode);
+    propertyChanged(QStringLiteral("ScaleMode"));
+}
+
+qint16 kwPropertyControl::Appearance() const
+{
+    return qint16(picOuter->Appearance());
+}
+
+void kwPropertyControl::setAppearance(qint16 appearance)
+{
+    trap("Property 'Appearance' of User Control 'kwPropertyControl'", [&] {
+        picOuter->setAppearance(appearance);
+        propertyChanged(QStringLiteral("Appearance"));
+    });
+}
+
+void kwPropertyControl::setFieldNameBackColor(OleColor color)
+{
+    trap("Property 'FieldNameBackColor' of User Control 'kwPropertyControl'", [&] {
+        m_FieldNameBackColor = color;
+        for (Field *field : *m_Fields)
+            require(field->FieldNameControl())->setBackColor(color);
+        propertyChanged(QStringLiteral("FieldNameBackColor"));
+    });
+}
+
+void kwPropertyControl::setFieldNameForeColor(OleColor color)
+{
+    trap("Property 'FieldNameForeColor' of User Control 'kwPropertyControl'", [&] {
+        m_FieldNameForeColor = color;
+        for (Field *field : *m_Fields)
+            require(field->FieldNameControl())->setForeColor(color);
+        propertyChanged(QStringLiteral("FieldNameForeColor"));
+    });
+}
+
+void kwPropertyControl::setDescriptionLabel(QObject *label)
+{
+    m_DescriptionLabel = label;
+}
+
+QWidget *kwPropertyControl::Parent() const
+{
+    return window();
+}
+
+void kwPropertyControl::SetFocus()
+{
+    trap("Sub 'SetFocus' of User Control 'kwPropertyControl'", [&] {
+        setFocus(Qt::OtherFocusReason);
+        m_Fields->First()->SetFocus();
+    });
+}
+
+void kwPropertyControl::UserControl_InitProperties()
+{
+    trap("Sub 'UserControl_InitProperties' of User Control 'kwPropertyControl'", [&] {
+        m_ForeColor = 0;
+        m_Enabled = false;
+        // Only the reference is kept here; the canvas and the fields get the font when it is set.
+        m_Font = ambientFont();
+        m_BackStyle = 0;
+        m_BorderStyle = 0;
+        m_FieldNameWidth = 750;
+        m_RowHeight = 315;
+        m_FieldNameBackColor = SystemColor::WindowBackground;
+        m_FieldNameForeColor = SystemColor::WindowText;
+    });
+}
+
+void kwPropertyControl::UserControl_ReadProperties(PropertyBag &PropBag)
+{
+    trap("Sub 'UserControl_ReadProperties' of User Control 'kwPropertyControl'", [&] {
+        // Only the viewport takes the restored colour; the canvas keeps its own (intended).
+        picOuter->setBackColor(
+            colorOf(PropBag.ReadProperty("BackColor", quint32(SystemColor::ButtonFace))));
+        m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(0)));
+        m_Enabled = toBool(PropBag.ReadProperty("Enabled", false));
+        const QVariant font = PropBag.ReadProperty("Font", ambientFont());
+        applyFont(font.canConvert<QFont>() ? font.value<QFont>() : ambientFont());
+        m_BackStyle = toInt16(PropBag.ReadProperty("BackStyle", qint16(0)));
+        m_BorderStyle = toInt16(PropBag.ReadProperty("BorderStyle", qint16(0)));
+        m_FieldNameWidth = float(toDouble(PropBag.ReadProperty("FieldNameWidth", 750.0f)));
+        m_RowHeight = float(toDouble(PropBag.ReadProperty("RowHeight", 315.0f)));
+        setSurfaceScaleMode(toInt16(PropBag.ReadProperty("ScaleMode", qint16(1))));
+        picOuter->setAppearance(toInt16(PropBag.ReadProperty("Appearance", qint16(1))));
+        m_FieldNameBackColor = colorOf(
+            PropBag.ReadProperty("FieldNameBackColor", quint32(SystemColor::WindowBackground)));
+        m_FieldNameForeColor
+            = colorOf(PropBag.ReadProperty("FieldNameForeColor", quint32(SystemColor::WindowText)));
+    });
+}
+
+void kwPropertyControl::UserControl_WriteProperties(PropertyBag &PropBag) const
+{
+    trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
+        PropBag.WriteProperty(
+            "BackColor", quint32(picOuter->BackColor()), quint32(SystemColor::ButtonFace));
+        PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(0));
+        PropBag.WriteProperty("Enabled", m_Enabled, false);
+        PropBag.WriteProperty("Font", m_Font, ambientFont());
+        PropBag.WriteProperty("BackStyle", m_BackStyle, qint16(0));
+        PropBag.WriteProperty("BorderStyle", m_BorderStyle, qint16(0));
+        PropBag.WriteProperty("FieldNameWidth", m_FieldNameWidth, 750.0f);
+        PropBag.WriteProperty("RowHeight", m_RowHeight, 315.0f);
+        PropBag.WriteProperty("ScaleMode", qint16(surfaceScaleMode()), qint16(1));
+        PropBag.WriteProperty("Appearance", qint16(picOuter->Appearance()), qint16(1));
+        PropBag.WriteProperty("FieldNameBackColor", quint32(m_FieldNameBackColor),
+            quint32(SystemColor::WindowBackground));
+        PropBag.WriteProperty(
+            "FieldNameForeColor", quint32(m_FieldNameForeColor), quint32(SystemColor::WindowText));
+    });
+}
+
+} // namespace kwFieldDeck
