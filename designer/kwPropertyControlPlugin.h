@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
+
+namespace kwFieldDeck {
+
+// Offers kwPropertyControl in Qt Designer's widget box. Designer saves the grid's appearance
+// properties in the .ui file; inside Designer the control is being designed, not run, so edits
+// in its rows raise no Changed.
+class kwPropertyControlPlugin : public QObject, public QDesignerCustomWidgetInterface
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QDesignerCustomWidgetInterface")
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+public:
+    explicit kwPropertyControlPlugin(QObject *parent = nullptr);
+
+    QString name() const override;
+    QString group() const override;
+    QString toolTip() const override;
+    QString whatsThis() const override;
+    QString includeFile() const override;
+    QIcon icon() const override;
+    bool isContainer() const override { return false; }
+    QWidget *createWidget(QWidget *parent) override;
+    bool isInitialized() const override { return m_initialized; }
+    void initialize(QDesignerFormEditorInterface *core) override;
+    QString domXml() const override;
+
+private:
+    bool m_initialized = false;
+};
+
+} // namespace kwFieldDeck
