@@ -1,0 +1,461 @@
+// kwPropertyControl: the definition language (ReadDef, AddFieldByDefString, CleanDefString) and
+// definition files (LoadDefFile).
+
+#include "grid/kwPropertyControl.h"
+
+#include "editors/kwComboField.h"
+#include "fieldmodel/DropDownValues.h"
+#include "fieldmodel/Field.h"
+#include "fieldmodel/Fields.h"
+#include "fieldmodel/lFieldTypes.h"
+#include "platform/Database.h"
+#include "platform/Error.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+#include "platform/Values.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+#include "util/Text.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QStringList>
+#include <QVector>
+
+#include <cmath>
+#include <limits>
+
+namespace kwFieldDeck {
+
+namespace {
+
+const QString CRLF = QStringLiteral("\r\n");
+const QString DefinitionFileHeader = QStringLiteral("PROPERTY CONTROL DEFINITION FILE");
+
+// Blanks only: tabs and lone line-break characters are not trimmed.
+QString TrimBlanks(const QString &text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text.at(start) == QLatin1Char(' '))
+        ++start;
+    while (end > start && text.at(end - 1) == QLatin1Char(' '))
+        --end;
+    return start == 0 && end == text.size() ? text : text.mid(start, end - start);
+}
+
+void ShowMessage(const QString &prompt, const QString &title = QStringLiteral("kwPropertyControl"))
+{
+    MsgBox(prompt, MsgBoxStyle::Critical | MsgBoxStyle::OKOnly, title);
+}
+
+// The stored field-name width and row height are single-precision numbers.
+float toSingle(double value)
+{
+    if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
+        raise(ErrOverflow);
+    return float(value);
+}
+
+// The folder of the definition file that LoadDefFile is reading, "" for a definition string.
+QString &DefinitionFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+class DefinitionFolderScope
+{
+public:
+    explicit DefinitionFolderScope(const QString &folder)
+        : m_previous(std::exchange(DefinitionFolder(), folder))
+    {
+    }
+    ~DefinitionFolderScope() { DefinitionFolder() = m_previous; }
+    DefinitionFolderScope(const DefinitionFolderScope &) = delete;
+    DefinitionFolderScope &operator=(const DefinitionFolderScope &) = delete;
+
+private:
+    QString m_previous;
+};
+
+// The database file named by DB, as it is on disk, or "" when there is none. DB comes upper-cased,
+// so names are matched without regard to case. A relative name is looked for beside the
+// definition file being loaded first, then in the current folder.
+QString DatabaseFile(const QString &db)
+{
+    QStringList candidates;
+    if (QDir::isRelativePath(QString(db).replace(QLatin1Char('\\'), QLatin1Char('/')))
+        && !DefinitionFolder().isEmpty())
+        candidates << DefinitionFolder() + QLatin1Char('/') + db;
+    candidates << db;
+    for (const QString &candidate : std::as_const(candidates)) {
+        if (FileSystem::FileExists(candidate))
+            return FileSystem::resolvePath(candidate);
+    }
+    return QString();
+}
+
+// INITDIR comes upper-cased: a folder that exists in other letter case is handed on as it is on
+// disk; anything else is handed on as written, for the selector's own fall-back.
+QString InitialFolder(const QString &initDir)
+{
+    return FileSystem::FolderExists(initDir) ? FileSystem::resolvePath(initDir) : initDir;
+}
+
+// The keys of one field block. All values but VALUE are kept upper-cased.
+struct BlockKeys
+{
+    QString TYPE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD, VALUEFIELD;
+    QString VALUE;
+    qint32 SIZE = 0;
+};
+
+struct ComboItem
+{
+    QString Key;
+    QString Text;
+};
+
+// The state of one ReadDef call, fed line by line.
+class DefinitionReader
+{
+public:
+    DefinitionReader(
+        Fields &fields, float &fieldNameWidth, float &rowHeight, Field *&lastAddedField)
+        : m_Fields(fields)
+        , m_FieldNameWidth(fieldNameWidth)
+        , m_RowHeight(rowHeight)
+        , m_LastAddedField(lastAddedField)
+    {
+    }
+
+    void ReadLine(const QString &text);
+
+private:
+    void ReadOutsideBlock(const QString &line);
+    void StartBlock(const QString &fieldName);
+    bool ReadKey(const QString &line);
+    void ReadBlockLine(const QString &line);
+    void TakeItem(const QString &line);
+    void CompleteBlock();
+    void ApplyTypeKeys(Field *field, qint32 type);
+    void FillComboFromItems(Field *field);
+    bool FillComboFromDatabase(Field *field);
+    void AddAutomaticKeyItem(Field *field, const QString &text);
+
+    Fields &m_Fields;
+    float &m_FieldNameWidth;
+    float &m_RowHeight;
+    Field *&m_LastAddedField;
+
+    bool m_InField = false;
+    bool m_InItems = false;
+    QVector<ComboItem> m_Items;
+    qint32 m_AutoKey = 0;
+    QString m_FieldName;
+    BlockKeys m_Keys;
+};
+
+void DefinitionReader::ReadLine(const QString &text)
+{
+    const QString line = RemoveTabs(TrimBlanks(text));
+    if (line.isEmpty())
+        return;
+    if (!m_InField)
+        ReadOutsideBlock(line);
+    else if (!ReadKey(line))
+        ReadBlockLine(line);
+}
+
+void DefinitionReader::ReadOutsideBlock(const QString &line)
+{
+    const QString equalsKey = Piece(line, QStringLiteral("="), 1).toUpper();
+    if (Piece(line, QStringLiteral(" "), 1).toUpper() == QLatin1String("ADDFIELD")) {
+        const qsizetype blank = line.indexOf(QLatin1Char(' '));
+        // "ADDFIELD" alone has no blank, so the name would be cut from position 0: an invalid
+        // argument that ends the reading, as intended.
+        if (blank < 0)
+            raise(ErrInvalidCall);
+        StartBlock(TrimBlanks(line.mid(blank)));
+    } else if (line.left(9).toUpper() == QLatin1String("ADD FIELD")) {
+        StartBlock(TrimBlanks(line.mid(9)));
+    } else if (equalsKey == QLatin1String("FIELDNAMEWIDTH")) {
+        // Stored directly, without the work of the FieldNameWidth property, as intended.
+        m_FieldNameWidth = toSingle(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
+    } else if (equalsKey == QLatin1String("ROWHEIGHT")) {
+        m_RowHeight = toSingle(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
+    }
+}
+
+void DefinitionReader::StartBlock(const QString &fieldName)
+{
+    m_InField = true;
+    m_FieldName = fieldName;
+    // The collected combo items are deliberately not reset: they carry into this block.
+    m_Keys = BlockKeys();
+}
+
+bool DefinitionReader::ReadKey(const QString &line)
+{
+    static const QHash<QString, QString BlockKeys::*> upperCasedKeys = {
+        { QStringLiteral("MIN"), &BlockKeys::MIN },
+        { QStringLiteral("MAX"), &BlockKeys::MAX },
+        { QStringLiteral("ENABLED"), &BlockKeys::ENABLED },
+        { QStringLiteral("TITLE"), &BlockKeys::TITLE },
+        { QStringLiteral("INITDIR"), &BlockKeys::INITDIR },
+        { QStringLiteral("FILTER"), &BlockKeys::FILTER },
+        { QStringLiteral("DB"), &BlockKeys::DB },
+        { QStringLiteral("TABLE"), &BlockKeys::TABLE },
+        { QStringLiteral("LISTFIELD"), &BlockKeys::LISTFIELD },
+        { QStringLiteral("VALUEFIELD"), &BlockKeys::VALUEFIELD },
+        // SORTED writes the value-field name; kept as it always was.
+        { QStringLiteral("SORTED"), &BlockKeys::VALUEFIELD },
+        { QStringLiteral("TYPE"), &BlockKeys::TYPE },
+    };
+    // The key is not trimmed, so "TYPE = TEXT" is no key; the value is the second piece only.
+    const QString key = Piece(line, QStringLiteral("="), 1).toUpper();
+    const auto stored = upperCasedKeys.constFind(key);
+    if (stored != upperCasedKeys.cend()) {
+        m_Keys.*(*stored) = TrimBlanks(Piece(line, QStringLiteral("="), 2)).toUpper();
+        return true;
+    }
+    if (key == QLatin1String("SIMPLE"))
+        return true; // accepted and without effect, as intended
+    if (key == QLatin1String("SIZE")) {
+        m_Keys.SIZE = roundToInt32(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
+        return true;
+    }
+    if (key == QLatin1String("VALUE")) {
+        m_Keys.VALUE = TrimBlanks(Piece(line, QStringLiteral("="), 2));
+        return true;
+    }
+    return false;
+}
+
+void DefinitionReader::ReadBlockLine(const QString &line)
+{
+    const QString upper = line.toUpper();
+    if (upper == QLatin1String("ADDCOMBOITEMS")) {
+        m_InItems = true;
+        m_Items.clear();
+        return;
+    }
+    if (upper == QLatin1String("ENDCOMBOITEMS") || upper == QLatin1String("END COMBOITEMS")) {
+        m_InItems = false;
+        return;
+    }
+    // An "ENDFIELD" inside the item list is also taken as an item before it ends the block, as
+    // intended.
+    if (m_InItems)
+        TakeItem(line);
+    if (upper == QLatin1String("ENDFIELD") || upper == QLatin1String("END FIELD"))
+        CompleteBlock();
+}
+
+void DefinitionReader::TakeItem(const QString &line)
+{
+    const qsizetype equals = line.indexOf(QLatin1Char('='));
+    if (equals < 0)
+        m_Items.append({ QString(), line });
+    else
+        m_Items.append({ line.left(equals), TrimBlanks(line.mid(equals + 1)) });
+}
+
+void DefinitionReader::CompleteBlock()
+{
+    // After either message the block stays open, so the following lines are read as further
+    // keys of it, as intended.
+    if (m_FieldName.isEmpty() || m_Keys.TYPE.isEmpty()) {
+        ShowMessage(QStringLiteral("No FieldName or Type Defined!"));
+        return;
+    }
+    const int type = ListPosition(fieldTypeNames(), m_Keys.TYPE);
+    if (type == 0) {
+        ShowMessage(QStringLiteral("FldType: ") + m_Keys.TYPE + QStringLiteral(" Not Valid ") + CRLF
+                + CRLF + QStringLiteral("Must be ") + fieldTypeNames(),
+            QStringLiteral("Invalid Field Type"));
+        return;
+    }
+
+    Field *field
+        = m_Fields.Add(m_FieldName, lFieldTypes(type), m_Keys.SIZE, m_Keys.VALUE, QString());
+    m_LastAddedField = field;
+    const QString &enabled = m_Keys.ENABLED;
+    if (!enabled.isEmpty() && enabled != QLatin1String("TRUE") && enabled != QLatin1String("1"))
+        require(field)->setEnabled(false);
+    ApplyTypeKeys(field, type);
+    m_InField = false;
+}
+
+void DefinitionReader::ApplyTypeKeys(Field *field, qint32 type)
+{
+    switch (type) {
+    case ftSlider:
+        // Always set, so that a missing MIN or MAX gives 0.
+        require(field)->setMin(doubleValue(leadingNumber(m_Keys.MIN)));
+        field->setMax(doubleValue(leadingNumber(m_Keys.MAX)));
+        break;
+    case ftDate:
+        if (isDate(textValue(m_Keys.MIN)))
+            require(field)->setMin(toDate(textValue(m_Keys.MIN)));
+        if (isDate(textValue(m_Keys.MAX)))
+            require(field)->setMax(toDate(textValue(m_Keys.MAX)));
+        break;
+    case ftFileSelector:
+        if (!m_Keys.TITLE.isEmpty())
+            require(field)->setTitle(m_Keys.TITLE);
+        if (!m_Keys.INITDIR.isEmpty())
+            require(field)->setInitDir(InitialFolder(m_Keys.INITDIR));
+        if (!m_Keys.FILTER.isEmpty())
+            require(field)->setFilter(m_Keys.FILTER);
+        break;
+    case ftCombo:
+        if (!m_Items.isEmpty()) {
+            FillComboFromItems(field);
+            require(field)->setValue(textValue(m_Keys.VALUE));
+        } else if (!m_Keys.DB.isEmpty()) {
+            if (FillComboFromDatabase(field))
+                require(field)->setValue(textValue(m_Keys.VALUE));
+        }
+        m_Items.clear();
+        break;
+    default:
+        // Items collected in a block of another type carry into the next combo, as intended.
+        break;
+    }
+}
+
+void DefinitionReader::FillComboFromItems(Field *field)
+{
+    for (const ComboItem &item : std::as_const(m_Items)) {
+        if (!item.Key.isEmpty()) {
+            require(require(field)->DropDownValues())->Add(item.Key, item.Text);
+        } else {
+            require(require(field)->ValueComboBox())->setUseItemData(false);
+            AddAutomaticKeyItem(field, item.Text);
+        }
+    }
+}
+
+// Numbers the item from the counter that runs through the whole ReadDef call.
+void DefinitionReader::AddAutomaticKeyItem(Field *field, const QString &text)
+{
+    Increment(m_AutoKey);
+    require(require(field)->DropDownValues())->Add(QString::number(m_AutoKey), text);
+}
+
+// False when the block had to be closed after a message; the field then stays without items.
+bool DefinitionReader::FillComboFromDatabase(Field *field)
+{
+    const QString file = DatabaseFile(m_Keys.DB);
+    if (file.isEmpty()) {
+        ShowMessage(QStringLiteral("Field:") + m_FieldName + CRLF
+            + QStringLiteral("Can't find Combo Database File:") + CRLF + QStringLiteral("File=")
+            + m_Keys.DB);
+        return false;
+    }
+    if (m_Keys.TABLE.isEmpty()) {
+        ShowMessage(QStringLiteral("Combo Table not defined for:") + m_FieldName);
+        return false;
+    }
+    if (m_Keys.LISTFIELD.isEmpty()) {
+        ShowMessage(QStringLiteral("ListField not defined for:") + m_FieldName);
+        return false;
+    }
+
+    const std::unique_ptr<Database> db = OpenDatabase(file);
+    const std::unique_ptr<Recordset> records = require(db.get())->OpenRecordset(m_Keys.TABLE);
+    require(records.get());
+    if (records->RecordCount() > 0) {
+        records->MoveLast();
+        records->MoveFirst();
+        while (!records->IsEOF()) {
+            // A NULL in the table reads as the empty text.
+            const QString text = textOf(records->Value(m_Keys.LISTFIELD));
+            if (!m_Keys.VALUEFIELD.isEmpty())
+                require(require(field)->DropDownValues())
+                    ->Add(textOf(records->Value(m_Keys.VALUEFIELD)), text);
+            else
+                AddAutomaticKeyItem(field, text);
+            records->MoveNext();
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void kwPropertyControl::ReadDef(const QString &DefString)
+{
+    trap("Sub 'ReadDef' of User Control 'kwPropertyControl'", [&] {
+        DefinitionReader reader(
+            *require(Fields()), m_FieldNameWidth, m_RowHeight, m_LastAddedField);
+        for (const QString &line : DefString.split(CRLF))
+            reader.ReadLine(line);
+    });
+}
+
+Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
+{
+    return trap("Function 'AddFieldByDefString' of User Control 'kwPropertyControl'", [&] {
+        m_LastAddedField = nullptr;
+        QString definition = DefString;
+        CleanDefString(definition);
+        ReadDef(definition);
+        return m_LastAddedField;
+    });
+}
+
+void kwPropertyControl::CleanDefString(QString &DefString)
+{
+    trap("Sub 'CleanDefString' of User Control 'kwPropertyControl'", [&] {
+        QString text = TrimBlanks(DefString);
+        qsizetype start = 0;
+        while (text.mid(start, 2) == CRLF)
+            start += 2;
+        qsizetype end = text.size();
+        while (end - start >= 2 && text.mid(end - 2, 2) == CRLF)
+            end -= 2;
+        text = RemoveTabs(text.mid(start, end - start));
+
+        QString joined;
+        joined.reserve(text.size());
+        for (const QString &line : text.split(CRLF))
+            joined += CRLF + TrimBlanks(line);
+        joined.remove(0, 2);
+
+        // One pass from left to right, as intended: three line breaks in a row become two.
+        DefString = joined.replace(CRLF + CRLF, CRLF);
+    });
+}
+
+void kwPropertyControl::LoadDefFile(const QString &FileName)
+{
+    trap("Sub 'LoadDefFile' of User Control 'kwPropertyControl'", [&] {
+        const QString cannotOpen
+            = QStringLiteral("Can't Open kwProperty Control Definition file.") + CRLF + CRLF;
+        // A missing file is reported here and then once more by the error trap below, as
+        // intended.
+        if (!FileExists(FileName))
+            ShowMessage(cannotOpen + FileName);
+
+        const QString text = ReadWholeFile(FileName);
+        if (text.isEmpty())
+            kwFieldDeck::raise(ErrSubscriptOutOfRange);
+        const qsizetype firstBreak = text.indexOf(CRLF);
+        const QString header = firstBreak < 0 ? text : text.left(firstBreak);
+        if (header.toUpper() != DefinitionFileHeader) {
+            ShowMessage(cannotOpen + QStringLiteral("File Format Does not Match!") + CRLF + CRLF
+                + FileName);
+            return;
+        }
+
+        const DefinitionFolderScope folder(
+            QFileInfo(FileSystem::resolvePath(FileName)).absolutePath());
+        ReadDef(firstBreak < 0 ? QString() : text.mid(firstBreak + 2));
+    });
+}
+
+} // namespace kwFieldDeck

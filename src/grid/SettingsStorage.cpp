@@ -1,0 +1,97 @@
+// kwPropertyControl: the values of all fields kept as one text in the per-user settings store.
+
+#include "grid/kwPropertyControl.h"
+
+#include "fieldmodel/Field.h"
+#include "fieldmodel/Fields.h"
+#include "platform/Error.h"
+#include "platform/MessageBox.h"
+#include "platform/SettingsStore.h"
+#include "platform/Values.h"
+
+#include <QStringList>
+
+namespace kwFieldDeck {
+
+namespace {
+
+const QString CRLF = QStringLiteral("\r\n");
+const QString LineBreakMarker = QStringLiteral("%CRLF%");
+
+// Blanks only: an argument of tabs is not empty.
+QString TrimBlanks(const QString &text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text.at(start) == QLatin1Char(' '))
+        ++start;
+    while (end > start && text.at(end - 1) == QLatin1Char(' '))
+        --end;
+    return text.mid(start, end - start);
+}
+
+// The three names of the stored text, blanks trimmed; false after the message for the first one
+// that is empty.
+bool StoreAddress(QString &AppName, QString &Section, QString &Setting)
+{
+    AppName = TrimBlanks(AppName);
+    Section = TrimBlanks(Section);
+    Setting = TrimBlanks(Setting);
+    const char *missing = AppName.isEmpty() ? "AppName is not optional!"
+        : Section.isEmpty()                 ? "Section is not optional!"
+        : Setting.isEmpty()                 ? "Setting is not optional!"
+                                            : nullptr;
+    if (!missing)
+        return true;
+    MsgBox(QString::fromLatin1(missing), MsgBoxStyle::Critical | MsgBoxStyle::OKOnly,
+        QStringLiteral("kwPropertyControl"));
+    return false;
+}
+
+} // namespace
+
+void kwPropertyControl::SaveValuesToRegistry(
+    const QString &AppName, const QString &Section, const QString &Setting)
+{
+    trap("Sub 'SaveValuesToRegistry' of User Control 'kwPropertyControl'", [&] {
+        QString app = AppName, section = Section, setting = Setting;
+        if (!StoreAddress(app, section, setting))
+            return;
+        // Only CR LF pairs are marked; names, "=" and lone line-break characters are written as
+        // they are.
+        QString stored;
+        for (Field *field : *require(Fields()))
+            stored += CRLF + field->Name() + QLatin1Char('=')
+                + textOf(field->Value()).replace(CRLF, LineBreakMarker);
+        stored.remove(0, 2);
+        SettingsStore::SaveSetting(app, section, setting, stored);
+    });
+}
+
+void kwPropertyControl::GetValuesFromRegistry(
+    const QString &AppName, const QString &Section, const QString &Setting)
+{
+    trap("Sub 'GetValuesFromRegistry' of User Control 'kwPropertyControl'", [&] {
+        QString app = AppName, section = Section, setting = Setting;
+        if (!StoreAddress(app, section, setting))
+            return;
+        const QString stored = SettingsStore::GetSetting(app, section, setting, QString());
+        if (stored.isEmpty())
+            return;
+        kwFieldDeck::Fields &fields = *require(Fields());
+        for (const QString &line : stored.split(CRLF)) {
+            // Only the first "=" separates; a line without one is both the name and the value,
+            // as intended.
+            const qsizetype equals = line.indexOf(QLatin1Char('='));
+            const QString name = equals < 0 ? line : line.left(equals);
+            // A name that no field has is reported by the lookup and skipped.
+            Field *field = fields.Item(textValue(name));
+            if (!field)
+                continue;
+            QString value = equals < 0 ? line : line.mid(equals + 1);
+            field->setValue(textValue(value.replace(LineBreakMarker, CRLF)));
+        }
+    });
+}
+
+} // namespace kwFieldDeck
