@@ -6,6 +6,8 @@
 #include "platform/PropertyBag.h"
 #include "platform/TextBox.h"
 
+#include "ui_GridForm.h"
+
 #include <QPluginLoader>
 #include <QSignalSpy>
 #include <QXmlStreamReader>
@@ -25,6 +27,7 @@ private slots:
     void appearancePropertiesAreDesignableAndRoundTrip_data();
     void appearancePropertiesAreDesignableAndRoundTrip();
     void theDefaultWidgetNamesTheGridClass();
+    void aUiFileSetsTheAppearanceProperties();
 
 private:
     QDesignerCustomWidgetInterface *m_plugin = nullptr;
@@ -140,6 +143,22 @@ void tst_kwPropertyControlPlugin::theDefaultWidgetNamesTheGridClass()
     QCOMPARE(xml.name(), QLatin1String("widget"));
     QCOMPARE(xml.attributes().value("class").toString(), m_plugin->name());
     QVERIFY(!xml.attributes().value("name").isEmpty());
+}
+
+void tst_kwPropertyControlPlugin::aUiFileSetsTheAppearanceProperties()
+{
+    // A .ui file as Designer saves it, compiled by uic into this test.
+    QWidget form;
+    Ui::GridForm ui;
+    ui.setupUi(&form);
+    kwPropertyControl *grid = ui.propertyControl;
+    QCOMPARE(grid->BackColor(), OleColor(0x336699));
+    QCOMPARE(grid->FieldNameWidth(), 1500.0f);
+    QCOMPARE(grid->RowHeight(), 400.0f);
+    QCOMPARE(grid->Appearance(), qint16(0));
+    QCOMPARE(grid->FieldNameForeColor(), OleColor(128));
+    QCOMPARE(grid->Font().family(), QStringLiteral("DejaVu Serif"));
+    QCOMPARE(grid->Font().pointSize(), 13);
 }
 
 QTEST_MAIN(tst_kwPropertyControlPlugin)

@@ -18,8 +18,10 @@ for installed in "$libdir/libkwfielddeck.so" \
     [ -e "$installed" ] || { echo "not installed: $installed" >&2; exit 1; }
 done
 if [ -e "$build/designer" ] && ls "$build"/designer/*.so >/dev/null 2>&1; then
-    [ -e "$libdir/qt6/plugins/designer/libkwfielddeck-designer.so" ] \
-        || { echo "Designer plugin not installed under $libdir/qt6/plugins/designer" >&2; exit 1; }
+    plugin=$libdir/qt6/plugins/designer/libkwfielddeck-designer.so
+    [ -e "$plugin" ] || { echo "Designer plugin not installed: $plugin" >&2; exit 1; }
+    # Installed, the plugin finds the installed library by itself.
+    if ldd "$plugin" | grep 'not found' >&2; then exit 1; fi
 fi
 # The installed program finds the installed library by itself.
 "$prefix/bin/kwfielddeck-form" --version
