@@ -34,9 +34,12 @@ frmChooseFont::frmChooseFont(QObject *owner)
     setClientSize(5295, 3480);
 
     for (Control *part :
-        std::initializer_list<Control *> { lstFonts, Label2, cboSize, Frame1, btnOk, btnCancel })
+        std::initializer_list<Control *> { lstFonts, Label2, cboSize, Frame1, btnOk, btnCancel }) {
         part->setContainer(client());
+        part->setVisible(true);
+    }
     lblSample->setContainer(Frame1->widget());
+    lblSample->setVisible(true);
 
     lstFonts->Move(120, 120, 2895, 3240);
     Label2->setCaption(QStringLiteral("Size"));

@@ -55,8 +55,11 @@ frmMemo::frmMemo(QObject *owner)
     setKeyPreview(true);
     setClientSize(7200, 4320);
 
-    for (Control *part : std::initializer_list<Control *> { btnTab1, txtMemo, btnTab2, StatusBar1 })
+    for (Control *part :
+        std::initializer_list<Control *> { btnTab1, txtMemo, btnTab2, StatusBar1 }) {
         part->setContainer(client());
+        part->setVisible(true);
+    }
     // The focus catchers sit out of sight, yet visible and enabled so that Tab reaches them.
     btnTab1->Move(-2000, 0, 300, 300);
     btnTab2->Move(-2000, 360, 300, 300);
