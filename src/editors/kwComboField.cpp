@@ -15,8 +15,7 @@ kwComboField::kwComboField(QWidget *parent)
     : kwEditorControl("kwComboField", parent)
 {
     Q_UNUSED(registered)
-    cbo = static_cast<ComboBox *>(
-        Controls().Add(QLatin1String(ComboBox::ClassId), QStringLiteral("cbo"), this));
+    cbo = addChild<ComboBox>("cbo");
     connect(cbo, &Control::Click, this, &kwComboField::cbo_Click);
     connect(cbo, &Control::GotFocus, this, &kwComboField::cbo_GotFocus);
 }

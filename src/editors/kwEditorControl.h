@@ -103,6 +103,17 @@ signals:
 protected:
     explicit kwEditorControl(const char *controlName, QWidget *parent = nullptr);
 
+    // A child fixed at design time: created by its class identifier on this surface, and
+    // visible, as design-time children are.
+    template <typename Child>
+    Child *addChild(const char *name)
+    {
+        auto *child = static_cast<Child *>(
+            Controls().Add(QLatin1String(Child::ClassId), QLatin1String(name), this));
+        child->setVisible(true);
+        return child;
+    }
+
     // "<kind> '<name>' of User Control '<control>'": the source text of an error report.
     QByteArray source(const char *kind, const char *name) const;
 

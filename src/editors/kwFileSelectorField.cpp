@@ -23,10 +23,8 @@ kwFileSelectorField::kwFileSelectorField(QWidget *parent)
     : kwEditorControl("kwFileSelectorField", parent)
 {
     Q_UNUSED(registered)
-    Text1 = static_cast<TextBox *>(
-        Controls().Add(QLatin1String(TextBox::ClassId), QStringLiteral("Text1"), this));
-    btnBrowse = static_cast<CommandButton *>(
-        Controls().Add(QLatin1String(CommandButton::ClassId), QStringLiteral("btnBrowse"), this));
+    Text1 = addChild<TextBox>("Text1");
+    btnBrowse = addChild<CommandButton>("btnBrowse");
     btnBrowse->setCaption(QStringLiteral("..."));
     btnBrowse->Move(0, 0, 255, 255);
 

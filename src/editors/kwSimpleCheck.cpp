@@ -19,8 +19,7 @@ kwSimpleCheck::kwSimpleCheck(QWidget *parent)
     : kwEditorControl("kwSimpleCheck", parent)
 {
     Q_UNUSED(registered)
-    Check1 = static_cast<CheckBox *>(
-        Controls().Add(QLatin1String(CheckBox::ClassId), QStringLiteral("Check1"), this));
+    Check1 = addChild<CheckBox>("Check1");
     // Only the box shows; the caption stays outside the 200 by 200 twips.
     Check1->setCaption(QStringLiteral("Check1"));
     Check1->Move(0, 0, 200, 200);

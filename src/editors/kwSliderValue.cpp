@@ -22,10 +22,8 @@ kwSliderValue::kwSliderValue(QWidget *parent)
 {
     Q_UNUSED(registered)
     // Created first, txtNum comes before Slider1 in the tab order.
-    txtNum = static_cast<TextBox *>(
-        Controls().Add(QLatin1String(TextBox::ClassId), QStringLiteral("txtNum"), this));
-    Slider1 = static_cast<Slider *>(
-        Controls().Add(QLatin1String(Slider::ClassId), QStringLiteral("Slider1"), this));
+    txtNum = addChild<TextBox>("txtNum");
+    Slider1 = addChild<Slider>("Slider1");
     txtNum->setText(QStringLiteral("Text1"));
     txtNum->Move(0, 0, 615, 315);
     Slider1->Move(635, 0, 2000, 315);

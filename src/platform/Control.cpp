@@ -6,6 +6,7 @@
 #include <QFocusEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <QScreen>
 
 #include <cmath>
@@ -143,7 +144,15 @@ void Control::placeWidget()
     const int y = twipsToPixelsY(m_top);
     const int w = std::max(0, twipsToPixelsX(m_width));
     const int h = std::max(0, twipsToPixelsY(m_height));
+    const QSize oldSize = m_widget->size();
     m_widget->setGeometry(x, y, w, h);
+    // A hidden widget hears of its new size only when shown; a control lays out its children as
+    // soon as it is sized, shown or not.
+    if (m_widget->testAttribute(Qt::WA_PendingResizeEvent) && m_widget->size() != oldSize) {
+        m_widget->setAttribute(Qt::WA_PendingResizeEvent, false);
+        QResizeEvent resized(m_widget->size(), oldSize);
+        QCoreApplication::sendEvent(m_widget, &resized);
+    }
 }
 
 void Control::setLeft(float left)

@@ -62,7 +62,9 @@ qint32 Slider::Value() const
 
 void Slider::setValue(qint32 value)
 {
-    slider()->setValue(value);
+    // While the thumb is dragged, Value is where the thumb is: setting that is no change.
+    if (value != Value())
+        slider()->setValue(value);
 }
 
 void Slider::setMin(qint32 min)
