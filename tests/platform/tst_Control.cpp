@@ -3,24 +3,14 @@
 #include "platform/Error.h"
 #include "platform/TextBox.h"
 
+#include "RaisedError.h"
+
 #include <QLineEdit>
 #include <QtTest>
 
-#include <functional>
-
 using namespace kwFieldDeck;
 
-namespace {
-int errorOf(const std::function<void()> &call)
-{
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
-}
-} // namespace
+using test::raisedError;
 
 class tst_Control : public QObject
 {
@@ -101,9 +91,9 @@ void tst_Control::negativeSizeIsInvalidAndChangesNothing()
 {
     TextBox box(QStringLiteral("Text1"));
     box.Move(30, 45, 600, 300);
-    QCOMPARE(errorOf([&] { box.setWidth(-1); }), int(ErrInvalidCall));
-    QCOMPARE(errorOf([&] { box.setHeight(-15); }), int(ErrInvalidCall));
-    QCOMPARE(errorOf([&] { box.Move(0, 0, -5, 10); }), int(ErrInvalidCall));
+    QCOMPARE(raisedError([&] { box.setWidth(-1); }), int(ErrInvalidCall));
+    QCOMPARE(raisedError([&] { box.setHeight(-15); }), int(ErrInvalidCall));
+    QCOMPARE(raisedError([&] { box.Move(0, 0, -5, 10); }), int(ErrInvalidCall));
     QCOMPARE(box.Left(), 30.f);
     QCOMPARE(box.Width(), 600.f);
     QCOMPARE(box.Height(), 300.f);
@@ -209,13 +199,13 @@ void tst_Control::setFocusNeedsAVisibleEnabledControl()
     TextBox box(QStringLiteral("Text1"));
     box.setContainer(&m_window);
     box.setVisible(false);
-    QCOMPARE(errorOf([&] { box.SetFocus(); }), int(ErrInvalidCall));
+    QCOMPARE(raisedError([&] { box.SetFocus(); }), int(ErrInvalidCall));
     box.setVisible(true);
     box.setEnabled(false);
-    QCOMPARE(errorOf([&] { box.SetFocus(); }), int(ErrInvalidCall));
+    QCOMPARE(raisedError([&] { box.SetFocus(); }), int(ErrInvalidCall));
     QVERIFY(!box.hasFocus());
     box.setEnabled(true);
-    QCOMPARE(errorOf([&] { box.SetFocus(); }), 0);
+    QCOMPARE(raisedError([&] { box.SetFocus(); }), 0);
     QVERIFY(box.hasFocus());
 }
 

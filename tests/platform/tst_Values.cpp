@@ -1,26 +1,15 @@
 #include "platform/Error.h"
 #include "platform/Values.h"
 
-#include <QtTest>
+#include "RaisedError.h"
 
-#include <functional>
+#include <QtTest>
 
 using namespace kwFieldDeck;
 
 Q_DECLARE_METATYPE(ValueKind)
 
-namespace {
-// The error number a conversion raises, 0 when it succeeds.
-int errorOf(const std::function<void()> &call)
-{
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
-}
-} // namespace
+using test::raisedError;
 
 class tst_Values : public QObject
 {
@@ -124,7 +113,7 @@ void tst_Values::roundingPastTheRangeIsOverflow()
     QFETCH(QVariant, value);
     QFETCH(bool, sixteenBit);
     QFETCH(int, error);
-    QCOMPARE(errorOf([&] { sixteenBit ? toInt16(value) : toInt32(value); }), error);
+    QCOMPARE(raisedError([&] { sixteenBit ? toInt16(value) : toInt32(value); }), error);
 }
 
 void tst_Values::toDoubleNeedsWholeNumberText_data()
@@ -152,7 +141,7 @@ void tst_Values::toDoubleNeedsWholeNumberText()
     QFETCH(double, expected);
     QFETCH(int, error);
     double result = 0;
-    QCOMPARE(errorOf([&] { result = toDouble(value); }), error);
+    QCOMPARE(raisedError([&] { result = toDouble(value); }), error);
     if (!error)
         QCOMPARE(result, expected);
 }
@@ -185,7 +174,7 @@ void tst_Values::truthOfAValue()
     QFETCH(bool, expected);
     QFETCH(int, error);
     bool result = !expected;
-    QCOMPARE(errorOf([&] { result = toBool(value); }), error);
+    QCOMPARE(raisedError([&] { result = toBool(value); }), error);
     if (!error)
         QCOMPARE(result, expected);
 }
@@ -224,8 +213,8 @@ void tst_Values::dateTestAndConversion()
 
 void tst_Values::textThatIsNoDateIsATypeMismatch()
 {
-    QCOMPARE(errorOf([] { toDate(QStringLiteral("tomorrow")); }), int(ErrTypeMismatch));
-    QCOMPARE(errorOf([] { toDate(QVariant(true)); }), int(ErrTypeMismatch));
+    QCOMPARE(raisedError([] { toDate(QStringLiteral("tomorrow")); }), int(ErrTypeMismatch));
+    QCOMPARE(raisedError([] { toDate(QVariant(true)); }), int(ErrTypeMismatch));
 }
 
 void tst_Values::numberConvertsToTheDateOfItsSerial()
@@ -267,8 +256,8 @@ void tst_Values::textFormOfEachKind()
 void tst_Values::objectHasNoTextForm()
 {
     QObject object;
-    QCOMPARE(
-        errorOf([&] { textOf(QVariant::fromValue<QObject *>(&object)); }), int(ErrTypeMismatch));
+    QCOMPARE(raisedError([&] { textOf(QVariant::fromValue<QObject *>(&object)); }),
+        int(ErrTypeMismatch));
 }
 
 void tst_Values::kindsStayDistinct_data()
