@@ -61,14 +61,13 @@ class Host
 {
 public:
     explicit Host(QWidget *window)
-        : m_grid(new kwPropertyControl)
+        : m_extender(ClassFactory::create(libraryTitle() + QStringLiteral(".kwPropertyControl"),
+            QStringLiteral("kwPropertyControl1"), window))
+        , m_grid(qobject_cast<kwPropertyControl *>(m_extender->widget()))
     {
-        m_extender
-            = ClassFactory::wrapUserControl(m_grid, QStringLiteral("kwPropertyControl1"), window);
         m_extender->setContainer(window);
-        m_grid->initNew();
-        m_extender->Move(
-            0, 0, window->width() * twipsPerPixelX(), window->height() * twipsPerPixelX());
+        m_extender->Move(0, 0, float(window->width() * twipsPerPixelX()),
+            float(window->height() * twipsPerPixelY()));
         m_extender->setVisible(true);
     }
     ~Host() { delete m_extender; }
@@ -77,14 +76,14 @@ public:
 
     void scrollStep()
     {
-        VScrollBar *bar = m_grid->ScrollBar();
+        auto *bar = static_cast<VScrollBar *>(m_grid->Controls().Item(QStringLiteral("VScroll1")));
         bar->setValue(bar->Value() + 1 > bar->Max() / 2 ? 0 : bar->Value() + 1);
         QCoreApplication::processEvents();
     }
 
 private:
+    Control *m_extender;
     kwPropertyControl *m_grid;
-    Control *m_extender = nullptr;
 };
 
 int g_messages = 0;

@@ -36,7 +36,6 @@ public:
         m_area->show();
         auto *form = new QWidget;
         m_layout = new QFormLayout(form);
-        m_area->setWidget(form);
         m_edits.reserve(rows.size());
         m_byName.reserve(rows.size());
         for (const PreparedRow &row : rows) {
@@ -46,6 +45,9 @@ public:
             m_edits.append(edit);
             m_byName.insert(row.name, edit);
         }
+        // Filled before it is shown: each row shown in a visible form would lay out the whole
+        // form again, which no one writing a large form by hand does.
+        m_area->setWidget(form);
     }
     ~Form() { delete m_area; }
 
