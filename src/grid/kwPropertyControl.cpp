@@ -33,6 +33,8 @@ kwPropertyControl::kwPropertyControl(QWidget *parent)
         Controls().Add(PictureBox::ClassId, "picInner", picOuter->widget()));
     VScroll1 = static_cast<VScrollBar *>(
         Controls().Add(VScrollBar::ClassId, "VScroll1", picOuter->widget()));
+    for (Control *child : std::initializer_list<Control *> { picOuter, picInner, VScroll1 })
+        child->setVisible(true);
     picInner->setAppearance(0);
     picInner->setBackColor(picOuter->BackColor());
     VScroll1->setWidth(255);

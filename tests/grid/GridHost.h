@@ -1,0 +1,71 @@
+#pragma once
+
+// A window holding one grid created as its container sees it, so that the grid's outer size in
+// twips is exactly what a test sets.
+
+#include "fieldmodel/Field.h"
+#include "fieldmodel/Fields.h"
+#include "grid/kwPropertyControl.h"
+#include "platform/ClassFactory.h"
+#include "platform/Control.h"
+#include "platform/PictureBox.h"
+#include "platform/TextBox.h"
+#include "platform/VScrollBar.h"
+
+#include "TestSupport.h"
+
+#include <QTest>
+#include <QWidget>
+
+namespace kwFieldDeck::test {
+
+class GridHost
+{
+public:
+    explicit GridHost(float width = 4000, float height = 1215)
+    {
+        window.resize(twipsToPixelsX(width) + 40, twipsToPixelsY(height) + 40);
+        extender = ClassFactory::create(
+            libraryTitle() + ".kwPropertyControl", QStringLiteral("kwPropertyControl1"), &window);
+        extender->setContainer(&window);
+        extender->Move(0, 0, width, height);
+        extender->setVisible(true);
+        grid = qobject_cast<kwPropertyControl *>(extender->widget());
+        // The grid lays itself out when it is first resized, which happens when it is shown.
+        shown = show();
+    }
+
+    // Shows the window and waits until it can take the focus.
+    bool show()
+    {
+        window.show();
+        window.activateWindow();
+        return QTest::qWaitForWindowActive(&window);
+    }
+
+    Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},
+        const QString &description = {})
+    {
+        return grid->Fields()->Add(name, type, 0, value, description);
+    }
+
+    void addRows(int count, lFieldTypes type = ftText)
+    {
+        for (int i = 1; i <= count; ++i)
+            add(QStringLiteral("Row%1").arg(i), type);
+    }
+
+    PictureBox *picInner() const { return grid->InnerPicBox(); }
+    PictureBox *picOuter() const { return grid->OuterPicBox(); }
+    VScrollBar *scrollBar() const
+    {
+        return static_cast<VScrollBar *>(grid->Controls().Item(QStringLiteral("VScroll1")));
+    }
+
+    QWidget window;
+    bool shown = false;
+    Control *extender = nullptr;
+    kwPropertyControl *grid = nullptr;
+};
+
+} // namespace kwFieldDeck::test
