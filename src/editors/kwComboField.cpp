@@ -4,6 +4,8 @@
 #include "platform/ComboBox.h"
 #include "platform/Values.h"
 
+#include <algorithm>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -138,8 +140,9 @@ void kwComboField::UserControl_Resize()
         cbo->setLeft(0);
         cbo->setTop(15);
         cbo->setWidth(ScaleWidth() - 20);
-        // The height follows the combo box's font.
-        cbo->setHeight(float(cbo->widget()->sizeHint().height() * twipsPerPixelY()));
+        // The height follows the combo box's font, within the cell.
+        const float natural = float(cbo->widget()->sizeHint().height() * twipsPerPixelY());
+        cbo->setHeight(std::max(0.0f, std::min(natural, extenderHeight() - 15)));
     });
 }
 

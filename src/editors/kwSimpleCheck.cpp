@@ -8,6 +8,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -20,9 +22,11 @@ kwSimpleCheck::kwSimpleCheck(QWidget *parent)
 {
     Q_UNUSED(registered)
     Check1 = addChild<CheckBox>("Check1");
-    // Only the box shows; the caption stays outside the 200 by 200 twips.
+    // Only the box shows; the caption stays outside the 200 by 200 twips, or outside the square
+    // that the style's box needs where that is larger.
     Check1->setCaption(QStringLiteral("Check1"));
-    Check1->Move(0, 0, 200, 200);
+    const float side = std::max(200.0f, Check1->boxSide());
+    Check1->Move(0, 0, side, side);
     connect(Check1, &Control::Click, this, &kwSimpleCheck::Check1_Click);
     connect(Check1, &Control::GotFocus, this, &kwSimpleCheck::Check1_GotFocus);
     connect(Check1, &Control::KeyDown, this, &kwSimpleCheck::Check1_KeyDown);

@@ -10,6 +10,8 @@
 
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -158,8 +160,11 @@ void kwSliderValue::UserControl_Resize()
         Slider1->setTop(15);
         Slider1->setWidth(extenderWidth() - (txtNum->Width() + 20));
         Slider1->setHeight(extenderHeight() - 15);
-        // One line of the box's text; the surface measures in the font the box shows.
-        txtNum->setHeight(float(textHeightTwips(txtNum->Font(), QStringLiteral("H"))));
+        // One line of the box's text, with the frame around it so that the line shows whole,
+        // within the cell.
+        const float line = float(textHeightTwips(txtNum->Font(), QStringLiteral("H")));
+        const float framed = float(txtNum->widget()->minimumSizeHint().height() * twipsPerPixelY());
+        txtNum->setHeight(std::max(0.0f, std::min(std::max(line, framed), extenderHeight())));
         PlaceChild(txtNum, this, false, true, 0, 0);
         txtNum->setLeft(0);
     });

@@ -4,6 +4,9 @@
 #include "platform/Error.h"
 
 #include <QCheckBox>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace kwFieldDeck {
 
@@ -63,6 +66,14 @@ QString CheckBox::Caption() const
 void CheckBox::setCaption(const QString &caption)
 {
     checkBox()->setText(caption);
+}
+
+float CheckBox::boxSide() const
+{
+    const QStyle *style = checkBox()->style();
+    const int width = style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, checkBox());
+    const int height = style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, checkBox());
+    return float(std::max(width, height) * twipsPerPixelX());
 }
 
 } // namespace kwFieldDeck

@@ -22,6 +22,8 @@ public:
     void setValue(qint16 value);
     QString Caption() const;
     void setCaption(const QString &caption);
+    // The side, in twips, of the square in which the box shows whole without its caption.
+    float boxSide() const;
 
     QCheckBox *checkBox() const;
 };

@@ -42,7 +42,8 @@ Slider::Slider(const QString &name, QObject *owner)
     Q_UNUSED(registered)
     QSlider *bar = slider();
     bar->setTracking(false);
-    bar->setTickPosition(QSlider::TicksBelow);
+    // Without tick marks the groove runs through the middle, in line with text beside it.
+    bar->setTickPosition(QSlider::NoTicks);
     bar->setSingleStep(1);
     bar->setPageStep(5);
     applyRange();
