@@ -273,8 +273,14 @@ QDate toDate(const QVariant &value)
     case ValueKind::Int16:
     case ValueKind::Int32:
     case ValueKind::Single:
-    case ValueKind::Double:
-        return QDate(1899, 12, 30).addDays(qint64(std::floor(value.toDouble())));
+    case ValueKind::Double: {
+        // Dates run from 1 January 100 (serial -657434) to 31 December 9999 (2958465), as on the
+        // original platform; any other number, NaN included, is an overflow.
+        const double serial = std::floor(value.toDouble());
+        if (!(serial >= -657434.0 && serial <= 2958465.0))
+            raise(ErrOverflow);
+        return QDate(1899, 12, 30).addDays(qint64(serial));
+    }
     default:
         break;
     }
