@@ -59,10 +59,9 @@ QString fromWindows1252(const QByteArray &bytes)
 
 QString decodeFileText(const QByteArray &bytes)
 {
-    static const QByteArray bom("\xEF\xBB\xBF");
-    const QByteArray body = bytes.startsWith(bom) ? bytes.mid(bom.size()) : bytes;
+    // Without ConvertInitialBom the decoder drops a leading BOM.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = utf8.decode(body);
+    const QString text = utf8.decode(bytes);
     if (!utf8.hasError())
         return text;
     return fromWindows1252(bytes);
