@@ -1,5 +1,6 @@
 #include "util/WindowNotifications.h"
 
+#include "platform/Error.h"
 #include "platform/SettingsStore.h"
 
 #include <QWidget>
@@ -35,8 +36,13 @@ void windowClosed(QWidget *window)
     const QString appTitle = window->property(appTitleProperty).toString();
     if (appTitle.isEmpty())
         return;
-    SettingsStore::SaveSetting(appTitle, section, windowKey(window),
-        QString::fromLatin1(window->saveGeometry().toBase64()));
+    // Remembering the placement is a convenience: a store that cannot be written must not keep
+    // the window from closing, so the failure is dropped here on purpose.
+    try {
+        SettingsStore::SaveSetting(appTitle, section, windowKey(window),
+            QString::fromLatin1(window->saveGeometry().toBase64()));
+    } catch (const Error &) {
+    }
 }
 
 } // namespace kwFieldDeck

@@ -15,6 +15,7 @@ private slots:
     void placementIsKeptPerApplicationTitle();
     void placementIsKeptPerWindow();
     void windowNeverLoadedStoresNothing();
+    void storeThatCannotBeWrittenStillLetsTheWindowClose();
 };
 
 namespace {
@@ -77,6 +78,23 @@ void tst_WindowNotifications::windowNeverLoadedStoresNothing()
     windowLoaded(nullptr, QStringLiteral("Null App"));
     windowClosed(nullptr);
     QVERIFY(!QFile::exists(SettingsStore::filePath(QStringLiteral("Null App"))));
+}
+
+void tst_WindowNotifications::storeThatCannotBeWrittenStillLetsTheWindowClose()
+{
+    const QString appTitle = QStringLiteral("Blocked App");
+    QVERIFY(QDir().mkpath(SettingsStore::filePath(appTitle)));
+    auto window = makeWindow(QStringLiteral("frmMemo"));
+    windowLoaded(window.get(), appTitle);
+    window->resize(500, 400);
+    bool closed = false;
+    try {
+        windowClosed(window.get());
+        closed = true;
+    } catch (...) {
+    }
+    QVERIFY(closed);
+    QVERIFY(QFileInfo(SettingsStore::filePath(appTitle)).isDir());
 }
 
 QTEST_MAIN(tst_WindowNotifications)
