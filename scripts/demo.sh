@@ -3,16 +3,17 @@
 # file and prints the values; with one it opens the window.
 set -euo pipefail
 build=${1:-build}
-root=$(cd "$(dirname "$0")/.." && pwd)
 form="$build/apps/form/kwfielddeck-form"
+# The build copies the showcase next to the example database it reads its combo lists from.
+showcase="$build/examples/showcase.kwdef"
 example="$build/examples/kwfielddeck-example"
 
 if [ -x "$form" ]; then
     if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-        QT_QPA_PLATFORM=offscreen "$form" --screenshot "$build/showcase.png" "$root/examples/showcase.kwdef"
+        QT_QPA_PLATFORM=offscreen "$form" --screenshot "$build/showcase.png" "$showcase"
         echo "Screenshot: $build/showcase.png"
     else
-        "$form" "$root/examples/showcase.kwdef"
+        "$form" "$showcase"
     fi
 elif [ -x "$example" ]; then
     if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
