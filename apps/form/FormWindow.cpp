@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kwFieldDeck {
 
@@ -54,10 +55,10 @@ void FormWindow::fitToFields()
         rows += field->Visible() ? 1 : 0;
     m_grid->AutoSizeFieldNameWidths();
 
-    // One row more than the rows themselves: the grid's scroll range counts whole row heights
-    // against the viewport, so this is the height at which it needs no scrolling.
-    const int shown = std::min(rows, MostRowsShown) + 1;
-    const int height = int(shown * m_grid->RowHeight() / twipsPerPixelY()) + 4;
+    // Half a row more than the rows themselves: the grid's scroll range counts whole row
+    // heights against the viewport, and from this height on it needs no scrolling.
+    const double shown = std::min(rows, MostRowsShown) + 0.5;
+    const int height = int(std::ceil(shown * m_grid->RowHeight() / twipsPerPixelY())) + 4;
     const int width = int(m_grid->FieldNameWidth() / twipsPerPixelX()) + EditorColumnWidth;
     m_grid->setMinimumSize(width, height);
     adjustSize();

@@ -101,6 +101,7 @@ void tst_FormWindow::fittingShowsEveryRowAndTheLongestName()
         QVERIFY2(label->widget()->isVisible(), qPrintable(field->Name()));
         QVERIFY2(field->EditorControl()->widget()->isVisible(), qPrintable(field->Name()));
     }
+    QVERIFY2(!grid->Controls().Item("VScroll1")->Enabled(), "no scrolling needed");
     const double longest = textWidthTwips(grid->Font(), QStringLiteral("A rather long field name"));
     QVERIFY(grid->FieldNameWidth() >= longest);
     QVERIFY(grid->width() * twipsPerPixelX() > grid->FieldNameWidth() + 2000);
