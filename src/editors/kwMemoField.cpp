@@ -18,10 +18,8 @@ kwMemoField::kwMemoField(QWidget *parent)
     : kwEditorControl("kwMemoField", parent)
 {
     Q_UNUSED(registered)
-    Text1 = static_cast<TextBox *>(
-        Controls().Add(QLatin1String(TextBox::ClassId), QStringLiteral("Text1"), this));
-    btnBrowse = static_cast<CommandButton *>(
-        Controls().Add(QLatin1String(CommandButton::ClassId), QStringLiteral("btnBrowse"), this));
+    Text1 = addChild<TextBox>("Text1");
+    btnBrowse = addChild<CommandButton>("btnBrowse");
     // The row shows only the placeholder; the text is edited in the memo window.
     Text1->setLocked(true);
     btnBrowse->setCaption(QStringLiteral("..."));

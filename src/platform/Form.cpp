@@ -73,6 +73,9 @@ Form::Form(const QString &name, QObject *owner)
 
 Form::~Form()
 {
+    // The window's last events must not reach a window class that is already gone.
+    m_window->removeEventFilter(this);
+    m_client->removeEventFilter(this);
     delete m_window;
 }
 
