@@ -24,7 +24,8 @@ public:
     QStringList messages() const { return m_messages; }
 
     // Whether there is no display to show a window on: the offscreen or minimal platform, or
-    // neither an X nor a Wayland display in the environment.
+    // neither an X nor a Wayland display in the environment (all that is known before the
+    // application object exists).
     static bool noDisplay();
 
 private:

@@ -67,17 +67,12 @@ void useDarkPalette()
     QApplication::setPalette(dark);
 }
 
-bool hasDisplayEnvironment()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY")
-        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
 } // namespace
 
 int main(int argc, char *argv[])
 {
     // With no display, --help, --version and --screenshot still work.
-    if (!hasDisplayEnvironment() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && FormMessages::noDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kwfielddeck-form"));
