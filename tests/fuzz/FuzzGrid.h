@@ -1,0 +1,91 @@
+#pragma once
+
+// A grid for the fuzz targets that drive kwPropertyControl: the application object (offscreen),
+// message boxes answered by a seam that only counts them, error reports counted the same way,
+// and one fresh grid per input inside a host window, so that inputs do not affect each other.
+
+#include "FuzzSupport.h"
+
+#include "fieldmodel/Field.h"
+#include "fieldmodel/Fields.h"
+#include "grid/kwPropertyControl.h"
+#include "platform/ClassFactory.h"
+#include "platform/Control.h"
+#include "platform/MessageBox.h"
+#include "platform/TextBox.h"
+
+#include <QApplication>
+#include <QWidget>
+
+#include <cmath>
+#include <memory>
+
+namespace kwFieldDeck::fuzz {
+
+struct Seams
+{
+    int messages = 0;
+    int errors = 0;
+};
+
+inline Seams &seams()
+{
+    static Seams counts;
+    return counts;
+}
+
+// Called once from LLVMFuzzerInitialize.
+inline void startApplication(int *argc, char ***argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication app(*argc, *argv);
+    setMessageBoxHandler([](const QString &, int, const QString &) {
+        ++seams().messages;
+        return MsgBoxResult::OK;
+    });
+    setErrorReportHandler([](int, const QString &, const QString &) { ++seams().errors; });
+}
+
+class FuzzGrid
+{
+public:
+    FuzzGrid()
+        : m_window(std::make_unique<QWidget>())
+    {
+        m_window->resize(400, 300);
+        m_extender = ClassFactory::create(libraryTitle() + QStringLiteral(".kwPropertyControl"),
+            QStringLiteral("kwPropertyControl1"), m_window.get());
+        m_extender->setContainer(m_window.get());
+        m_extender->Move(0, 0, 5400, 4000);
+        m_extender->setVisible(true);
+        grid = qobject_cast<kwPropertyControl *>(m_extender->widget());
+        expect(grid, "the class factory creates the grid");
+    }
+
+    // Each labelled row starts on the previous labelled row's bottom border, whatever the
+    // definition did to the row height between them. A field whose label could not be created
+    // (an error that was reported) has no row.
+    void checkRowsStack() const
+    {
+        const TextBox *above = nullptr;
+        for (Field *field : *grid->Fields()) {
+            const TextBox *label = field->FieldNameControl();
+            if (!label)
+                continue;
+            if (above) {
+                const double expected = double(above->Top()) + above->Height() - 15;
+                expect(std::fabs(label->Top() - expected) <= std::fabs(expected) * 1e-6 + 1e-3,
+                    "a new row starts on the previous row's bottom border", field->Name());
+            }
+            above = label;
+        }
+    }
+
+    kwPropertyControl *grid = nullptr;
+
+private:
+    std::unique_ptr<QWidget> m_window; // owns the grid through its extender
+    Control *m_extender = nullptr;
+};
+
+} // namespace kwFieldDeck::fuzz
