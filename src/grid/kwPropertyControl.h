@@ -120,6 +120,16 @@ public:
     kwMemoField *AddMemoField(Field *oField);
 
 signals:
+    // Declared for hosts, never raised: input on the grid belongs to its rows. Intended.
+    void Click();
+    void DblClick();
+    void KeyDown(int &KeyCode, int &Shift);
+    void KeyPress(int &KeyAscii);
+    void KeyUp(int &KeyCode, int &Shift);
+    void MouseDown(int &Button, int &Shift, float &X, float &Y);
+    void MouseMove(int &Button, int &Shift, float &X, float &Y);
+    void MouseUp(int &Button, int &Shift, float &X, float &Y);
+    // An edit of a field, in run mode only.
     void Changed(kwFieldDeck::Field *oField);
 
 protected:

@@ -38,6 +38,7 @@ private slots:
     void dateFieldWithoutDateKeepsPickerDate();
     void rejectedDuplicateKeepsItsRow();
     void addingARowGrowsTheCanvasOnly();
+    void editorThatCannotBeCreatedLeavesTheLabel();
 };
 
 void tst_kwPropertyControlRows::labelAndEditorShareOneNumber_data()
@@ -205,6 +206,27 @@ void tst_kwPropertyControlRows::addingARowGrowsTheCanvasOnly()
     // The visible row count changes at the next full layout.
     host.grid->Refresh(true);
     QCOMPARE(host.picInner()->Height(), 600.0f);
+}
+
+void tst_kwPropertyControlRows::editorThatCannotBeCreatedLeavesTheLabel()
+{
+    const QString classId = libraryTitle() + QStringLiteral(".kwSliderValue");
+    ClassFactory::registerClass(
+        classId, [](const QString &, QObject *) -> Control * { raise(ErrCannotCreateObject); });
+    GridHost host;
+    test::ErrorRecorder errors;
+    test::MessageRecorder messages;
+    Field *field = host.add("Level", ftSlider);
+    ClassFactory::registerUserControl<kwSliderValue>(classId);
+    QVERIFY(field);
+    QVERIFY(!errors.errors.isEmpty());
+    QCOMPARE(errors.errors.first().number, int(ErrCannotCreateObject));
+    QCOMPARE(errors.errors.first().source,
+        QStringLiteral("Function 'AddSliderValue' of User Control 'kwPropertyControl'"));
+    QVERIFY(!field->ValueSlider());
+    QVERIFY(field->FieldNameControl());
+    QVERIFY(field->FieldNameControl()->Visible());
+    QCOMPARE(field->FieldNameControl()->Text(), QStringLiteral("Level "));
 }
 
 QTEST_MAIN(tst_kwPropertyControlRows)
