@@ -54,7 +54,8 @@ QWidget *dialogOwner(QWidget *owner)
 
 QString showOpenFileDialog(const OpenFileRequest &request)
 {
-    // The flags of the original dialog have no counterpart here; callers always pass 0.
+    // The open-file dialog is given no owner, so it belongs to the active window. Its flags have
+    // no counterpart here; callers always pass 0.
     QFileDialog dialog(dialogOwner(nullptr), request.title, startFolder(request.startFolder));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
