@@ -157,6 +157,9 @@ void kwComboField::cbo_Click()
 
 void kwComboField::cbo_GotFocus()
 {
+    // The focus coming back from the closed list or another window is no new arrival.
+    if (isFocusReturn(cbo))
+        return;
     trap(source("Sub", "cbo_GotFocus").constData(), [&] {
         // Entering the box always reports a change first, then the focus: intended.
         emit Change();

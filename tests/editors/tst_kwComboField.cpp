@@ -6,6 +6,7 @@
 #include "platform/PropertyBag.h"
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -140,6 +141,10 @@ void tst_kwComboField::focusRaisesChangeThenHasFocus()
     host.editor->SetFocus();
     QCOMPARE(QApplication::focusWidget(), host.editor->ComboControl()->widget());
     QCOMPARE(events, QStringList({ "Change", "HasFocus" }));
+    // The focus coming back when the list closes reports nothing.
+    QFocusEvent back(QEvent::FocusIn, Qt::PopupFocusReason);
+    QApplication::sendEvent(host.editor->ComboControl()->widget(), &back);
+    QCOMPARE(events.size(), 2);
 }
 
 void tst_kwComboField::fillingTheListSelectsNothing()
