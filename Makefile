@@ -16,17 +16,16 @@ all: build
 deps:
 	@scripts/install-deps.sh
 
-$(BUILD)/CMakeCache.txt:
-	cmake -S . -B $(BUILD) $(CMAKE_FLAGS)
-
-build: deps $(BUILD)/CMakeCache.txt
+# Configured every time (cheap when nothing changed), so an old cache never hides the tests.
+build: deps
+	cmake -S . -B $(BUILD) $(CMAKE_FLAGS) -DKWFIELDDECK_BUILD_TESTS=ON
 	cmake --build $(BUILD) -j $(JOBS)
 
 demo: build
 	@scripts/demo.sh $(BUILD)
 
 test: build
-	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure --no-tests=error -j $(JOBS)
 
 # The whole suite under AddressSanitizer and UndefinedBehaviorSanitizer, in its own build folder.
 test-asan: deps
