@@ -6,7 +6,7 @@ build=${1:-build}
 form="$build/apps/form/kwfielddeck-form"
 # The build copies the showcase next to the example database it reads its combo lists from.
 showcase="$build/examples/showcase.kwdef"
-example="$build/examples/kwfielddeck-example"
+example="$build/examples/host/kwfielddeck-example"
 
 if [ -x "$form" ]; then
     if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then

@@ -1,5 +1,7 @@
 #include "fieldmodel/Field.h"
 
+#include "platform/Accessibility.h"
+
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
 #include "editors/kwFolderSelectorField.h"
@@ -9,6 +11,7 @@
 #include "fieldmodel/DropDownValues.h"
 #include "fieldmodel/Fields.h"
 #include "grid/kwPropertyControl.h"
+#include "platform/Accessibility.h"
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
@@ -63,6 +66,7 @@ void Field::setName(const QString &name)
         require(m_FieldNameControl)->setText(name + QLatin1Char(' '));
         if (m_FieldType == ftMemo)
             require(m_Memo)->setFieldName(name);
+        describeEditorForAccessibility();
     });
 }
 
@@ -71,7 +75,13 @@ void Field::setDescription(const QString &description)
     trap("Property 'Description' of Class Module 'Field'", [&] {
         m_Description = description;
         require(m_FieldNameControl)->setToolTipText(description);
+        describeEditorForAccessibility();
     });
+}
+
+void Field::describeEditorForAccessibility() const
+{
+    setAccessibleText(editorObject(), m_Name, m_Description);
 }
 
 void Field::setSize(qint32 size)

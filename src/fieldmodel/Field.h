@@ -129,6 +129,8 @@ private:
     void showValueInEditor();
     // The one map from the field's type to its editor reference (null for no type).
     QObject *editorObject() const;
+    // Screen readers name the editor after the field and read its description.
+    void describeEditorForAccessibility() const;
     template <typename Apply>
     void applyToEditor(Apply &&apply) const;
     void FocusRowEditor();

@@ -28,23 +28,25 @@ class kwSliderValue;
 class kwPropertyControl : public UserControl
 {
     Q_OBJECT
+    // 16-bit and single-precision properties are published as int and double: the types that
+    // Designer's property editor offers.
     Q_PROPERTY(kwFieldDeck::Fields *Fields READ Fields)
     Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
-    Q_PROPERTY(qint16 BackStyle READ BackStyle WRITE setBackStyle)
-    Q_PROPERTY(qint16 BorderStyle READ BorderStyle WRITE setBorderStyle)
-    Q_PROPERTY(qint16 ScaleMode READ ScaleMode WRITE setScaleMode)
-    Q_PROPERTY(qint16 Appearance READ Appearance WRITE setAppearance)
+    Q_PROPERTY(int BackStyle READ BackStyle WRITE setBackStyle)
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
+    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE setScaleMode)
+    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
     Q_PROPERTY(quint32 FieldNameBackColor READ FieldNameBackColor WRITE setFieldNameBackColor)
     Q_PROPERTY(quint32 FieldNameForeColor READ FieldNameForeColor WRITE setFieldNameForeColor)
     Q_PROPERTY(QObject *DescriptionLabel READ DescriptionLabel WRITE setDescriptionLabel)
     Q_PROPERTY(QWidget *Parent READ Parent)
     Q_PROPERTY(QString AppPath READ AppPath WRITE setAppPath)
-    Q_PROPERTY(float FieldNameWidth READ FieldNameWidth WRITE setFieldNameWidth)
-    Q_PROPERTY(float RowHeight READ RowHeight WRITE setRowHeight)
-    Q_PROPERTY(qint16 FirstRow READ FirstRow WRITE setFirstRow)
+    Q_PROPERTY(double FieldNameWidth READ FieldNameWidth WRITE setFieldNameWidth)
+    Q_PROPERTY(double RowHeight READ RowHeight WRITE setRowHeight)
+    Q_PROPERTY(int FirstRow READ FirstRow WRITE setFirstRow)
 public:
     explicit kwPropertyControl(QWidget *parent = nullptr);
     ~kwPropertyControl() override;
