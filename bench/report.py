@@ -37,8 +37,7 @@ def load(raw_dir, clock):
     figures, detail = {}, {}
     for path in sorted(glob.glob(os.path.join(raw_dir, "*.json"))):
         program = re.sub(r"-\d+\.json$", "", os.path.basename(path))
-        with open(path, encoding="utf-8") as f:
-            data = json.load(f)
+        data = read_json(path)
         for b in data.get("benchmarks", []):
             if b.get("error_occurred"):
                 print(f"{program} {b['name']}: {b.get('error_message')}", file=sys.stderr)
@@ -54,6 +53,23 @@ def load(raw_dir, clock):
             detail[(program, operation, rows)] = (real, cpu, b.get("bytes_per_row"),
                                                   b.get("iterations"))
     return figures, detail
+
+
+def read_json(path):
+    """The results of a run, also of one that was stopped before it closed its file: each
+    benchmark is written whole as it finishes, so the list is closed after the last one."""
+    with open(path, encoding="utf-8") as f:
+        text = f.read()
+    try:
+        return json.loads(text)
+    except json.JSONDecodeError:
+        end = text.rfind("}")
+        for candidate in (text[:end + 1] + "]}", text[:end + 1] + "}]}"):
+            try:
+                return json.loads(candidate)
+            except json.JSONDecodeError:
+                continue
+    return {}
 
 
 def fmt(value):

@@ -11,6 +11,8 @@ build=${1:-build-bench}
 rows=${BENCH_ROWS:-1000 10000 100000}
 jobs=${JOBS:-$(nproc)}
 programs=${BENCH_PROGRAMS:-bench_kwgrid bench_qtform bench_wxpropgrid}
+# One program on one row count may take at most this long; what it measured by then is kept.
+limit=${BENCH_TIMEOUT:-3600}
 
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKWFIELDDECK_BUILD_BENCH=ON \
     -DKWFIELDDECK_BUILD_TESTS=OFF -DKWFIELDDECK_BUILD_DESIGNER=OFF >/dev/null
@@ -28,8 +30,15 @@ set -euo pipefail
 for n in $rows; do
     for p in $programs; do
         echo "== \$p, \$n rows"
-        "$root/$build/bench/\$p" --rows=\$n --benchmark_out="$raw/\$p-\$n.json" \
-            --benchmark_out_format=json 2>&1 | grep -E '^(memory|build|layout|set_by|read|save|restore|scroll)|rror|message'
+        status=0
+        timeout $limit "$root/$build/bench/\$p" --rows=\$n --benchmark_out="$raw/\$p-\$n.json" \
+            --benchmark_out_format=json >"$raw/\$p-\$n.log" 2>&1 || status=\$?
+        grep -E '^(memory|build|layout|set_by|read|save|restore|scroll)|rror|message' "$raw/\$p-\$n.log" || true
+        if [ \$status = 124 ]; then
+            echo "\$p did not finish \$n rows within $limit s." | tee -a "$raw/notes.txt"
+        elif [ \$status != 0 ]; then
+            echo "\$p failed on \$n rows (exit \$status), see $raw/\$p-\$n.log" | tee -a "$raw/notes.txt"
+        fi
     done
 done
 RUN
@@ -45,3 +54,7 @@ XDG_CONFIG_HOME=$scratch/config TMPDIR=$scratch QT_QPA_PLATFORM=xcb NO_AT_BRIDGE
 python3 bench/report.py "$raw" bench/results "${BENCH_CLOCK:-cpu}"
 cat "$raw/machine.txt"
 cat "$raw/machine.txt" >>bench/results/bench.md
+if [ -f "$raw/notes.txt" ]; then
+    cat "$raw/notes.txt"
+    cat "$raw/notes.txt" >>bench/results/bench.md
+fi
