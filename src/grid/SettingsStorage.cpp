@@ -8,6 +8,7 @@
 #include "platform/MessageBox.h"
 #include "platform/SettingsStore.h"
 #include "platform/Values.h"
+#include "util/Text.h"
 
 #include <QStringList>
 
@@ -17,18 +18,6 @@ namespace {
 
 const QString CRLF = QStringLiteral("\r\n");
 const QString LineBreakMarker = QStringLiteral("%CRLF%");
-
-// Blanks only: an argument of tabs is not empty.
-QString TrimBlanks(const QString &text)
-{
-    qsizetype start = 0;
-    qsizetype end = text.size();
-    while (start < end && text.at(start) == QLatin1Char(' '))
-        ++start;
-    while (end > start && text.at(end - 1) == QLatin1Char(' '))
-        --end;
-    return text.mid(start, end - start);
-}
 
 // The three names of the stored text, blanks trimmed; false after the message for the first one
 // that is empty.

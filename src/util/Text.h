@@ -8,6 +8,10 @@ namespace kwFieldDeck {
 // there are fewer than n parts.
 QString Piece(const QString &text, const QString &delimiter, int n);
 
+// The text without its leading and trailing blanks. Blanks only: tabs and lone line-break
+// characters stay.
+QString TrimBlanks(const QString &text);
+
 // The text without its tab characters.
 QString RemoveTabs(const QString &text);
 
