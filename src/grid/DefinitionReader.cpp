@@ -8,6 +8,7 @@
 #include "fieldmodel/Field.h"
 #include "fieldmodel/Fields.h"
 #include "fieldmodel/lFieldTypes.h"
+#include "grid/DefinitionText.h"
 #include "platform/Database.h"
 #include "platform/Error.h"
 #include "platform/FileSystem.h"
@@ -32,18 +33,6 @@ namespace {
 
 const QString CRLF = QStringLiteral("\r\n");
 const QString DefinitionFileHeader = QStringLiteral("PROPERTY CONTROL DEFINITION FILE");
-
-// Blanks only: tabs and lone line-break characters are not trimmed.
-QString TrimBlanks(const QString &text)
-{
-    qsizetype start = 0;
-    qsizetype end = text.size();
-    while (start < end && text.at(start) == QLatin1Char(' '))
-        ++start;
-    while (end > start && text.at(end - 1) == QLatin1Char(' '))
-        --end;
-    return start == 0 && end == text.size() ? text : text.mid(start, end - start);
-}
 
 void ShowMessage(const QString &prompt, const QString &title = QStringLiteral("kwPropertyControl"))
 {
@@ -410,25 +399,8 @@ Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
 
 void kwPropertyControl::CleanDefString(QString &DefString)
 {
-    trap("Sub 'CleanDefString' of User Control 'kwPropertyControl'", [&] {
-        QString text = TrimBlanks(DefString);
-        qsizetype start = 0;
-        while (text.mid(start, 2) == CRLF)
-            start += 2;
-        qsizetype end = text.size();
-        while (end - start >= 2 && text.mid(end - 2, 2) == CRLF)
-            end -= 2;
-        text = RemoveTabs(text.mid(start, end - start));
-
-        QString joined;
-        joined.reserve(text.size());
-        for (const QString &line : text.split(CRLF))
-            joined += CRLF + TrimBlanks(line);
-        joined.remove(0, 2);
-
-        // One pass from left to right, as intended: three line breaks in a row become two.
-        DefString = joined.replace(CRLF + CRLF, CRLF);
-    });
+    trap("Sub 'CleanDefString' of User Control 'kwPropertyControl'",
+        [&] { DefString = CleanDefinitionText(DefString); });
 }
 
 void kwPropertyControl::LoadDefFile(const QString &FileName)
