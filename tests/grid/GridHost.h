@@ -32,15 +32,9 @@ public:
         extender->setVisible(true);
         grid = qobject_cast<kwPropertyControl *>(extender->widget());
         // The grid lays itself out when it is first resized, which happens when it is shown.
-        shown = show();
-    }
-
-    // Shows the window and waits until it can take the focus.
-    bool show()
-    {
         window.show();
         window.activateWindow();
-        return QTest::qWaitForWindowActive(&window);
+        shown = QTest::qWaitForWindowActive(&window);
     }
 
     Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},
@@ -55,6 +49,16 @@ public:
             add(QStringLiteral("Row%1").arg(i), type);
     }
 
+    Field *field(const QString &name) const { return grid->Fields()->Item(name); }
+
+    QStringList fieldNames() const
+    {
+        QStringList names;
+        for (Field *field : *grid->Fields())
+            names << field->Name();
+        return names;
+    }
+
     PictureBox *picInner() const { return grid->InnerPicBox(); }
     PictureBox *picOuter() const { return grid->OuterPicBox(); }
     VScrollBar *scrollBar() const
@@ -67,5 +71,11 @@ public:
     Control *extender = nullptr;
     kwPropertyControl *grid = nullptr;
 };
+
+// A definition text written on one line: "|" stands for the CR LF between its lines.
+inline QString defText(QString text)
+{
+    return text.replace(QLatin1Char('|'), QLatin1String("\r\n"));
+}
 
 } // namespace kwFieldDeck::test

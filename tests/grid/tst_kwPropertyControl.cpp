@@ -1,258 +1,417 @@
-// The grid's frame: new-instance defaults, the persisted properties, the appearance properties
-// and the small members.
+// The grid: its persisted properties, row creation, layout and scrolling in twips, and the
+// editor events as the host sees them.
 
 #include "grid/GridHost.h"
 
+#include "editors/kwSliderValue.h"
 #include "platform/DatePicker.h"
 #include "platform/PropertyBag.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QtTest>
 
 using namespace kwFieldDeck;
 using kwFieldDeck::test::GridHost;
+
+namespace {
+// The persisted properties in their saved order: the new-instance default (invalid for the
+// ambient font) and another value.
+struct Persisted
+{
+    const char *name;
+    QVariant initial;
+    QVariant other;
+};
+
+const QList<Persisted> &persisted()
+{
+    static const QList<Persisted> list = {
+        { "BackColor", quint32(SystemColor::ButtonFace), quint32(0x00112233) },
+        { "ForeColor", quint32(0), quint32(0x00445566) },
+        { "Enabled", false, true },
+        { "Font", QVariant(), QFont(QStringLiteral("Serif"), 15, QFont::Bold) },
+        { "BackStyle", 0, 1 },
+        { "BorderStyle", 0, 1 },
+        { "FieldNameWidth", 750.0, 1200.0 },
+        { "RowHeight", 315.0, 400.0 },
+        { "ScaleMode", 1, 3 },
+        { "Appearance", 1, 0 },
+        { "FieldNameBackColor", quint32(SystemColor::WindowBackground), quint32(0x00010203) },
+        { "FieldNameForeColor", quint32(SystemColor::WindowText), quint32(0x00040506) },
+    };
+    return list;
+}
+
+int labelNumber(Field *field)
+{
+    return field->FieldNameControl()->Name().mid(int(qstrlen("FieldName"))).toInt();
+}
+
+QLineEdit *editorOf(Field *field)
+{
+    return static_cast<TextBox *>(field->EditorControl())->lineEdit();
+}
+} // namespace
 
 class tst_kwPropertyControl : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void newInstanceDefaults();
-    void savesTwelvePropertiesInOrder();
-    void leavesDefaultsOutOfTheBag();
-    void restoresWhatItSaved();
-    void restoredBackColorReachesViewportOnly();
-    void backColorColoursViewportAndCanvas();
-    void storedOnlyPropertiesChangeNothingOnScreen_data();
-    void storedOnlyPropertiesChangeNothingOnScreen();
-    void fontReachesEveryField();
-    void restoredFontReachesExistingFields();
-    void nameColoursRecolourEveryLabel();
-    void propertiesAreQtProperties();
-    void setFocusGoesToTheFirstField();
-    void setFocusOnEmptyGridIsReported();
-    void fieldsReadReattachesTheGrid();
-    void parentIsTheWindow();
-};
+    void propertyHasItsDefaultAndRoundTripsThroughTheBag_data()
+    {
+        QTest::addColumn<int>("row");
+        for (int row = 0; row < persisted().size(); ++row)
+            QTest::newRow(persisted().at(row).name) << row;
+    }
 
-void tst_kwPropertyControl::newInstanceDefaults()
-{
-    GridHost host;
-    kwPropertyControl *grid = host.grid;
-    QCOMPARE(grid->Enabled(), false);
-    QCOMPARE(grid->ForeColor(), OleColor(0));
-    QCOMPARE(grid->BackStyle(), qint16(0));
-    QCOMPARE(grid->BorderStyle(), qint16(0));
-    QCOMPARE(grid->RowHeight(), 315.0f);
-    QCOMPARE(grid->FieldNameWidth(), 750.0f);
-    QCOMPARE(grid->FieldNameBackColor(), SystemColor::WindowBackground);
-    QCOMPARE(grid->FieldNameForeColor(), SystemColor::WindowText);
-    QCOMPARE(grid->BackColor(), SystemColor::ButtonFace);
-    QCOMPARE(grid->Appearance(), qint16(1));
-    QCOMPARE(grid->ScaleMode(), qint16(1));
-    QCOMPARE(grid->Font(), grid->ambientFont());
-    // Enabled false is only a stored value: the grid still works.
-    QVERIFY(grid->isEnabled());
-}
+    void propertyHasItsDefaultAndRoundTripsThroughTheBag()
+    {
+        QFETCH(int, row);
+        const Persisted &p = persisted().at(row);
+        MemoryPropertyBag bag;
+        {
+            GridHost host;
+            QCOMPARE(host.grid->property(p.name),
+                p.initial.isValid() ? p.initial : QVariant(host.grid->ambientFont()));
+            host.grid->writeProperties(bag);
+            QVERIFY(!bag.contains(p.name));
+            QVERIFY(host.grid->setProperty(p.name, p.other));
+            host.grid->writeProperties(bag);
+            QVERIFY(bag.contains(p.name));
+        }
+        GridHost host;
+        host.grid->readProperties(bag);
+        QCOMPARE(host.grid->property(p.name), p.other);
+    }
 
-void tst_kwPropertyControl::savesTwelvePropertiesInOrder()
-{
-    GridHost host;
-    kwPropertyControl *grid = host.grid;
-    grid->setBackColor(0x00112233);
-    grid->setForeColor(0x00445566);
-    grid->setEnabled(true);
-    QFont font(grid->Font());
-    font.setPointSize(font.pointSize() + 3);
-    grid->setFont(font);
-    grid->setBackStyle(1);
-    grid->setBorderStyle(1);
-    grid->setFieldNameWidth(1000);
-    grid->setRowHeight(400);
-    grid->setScaleMode(3);
-    grid->setAppearance(0);
-    grid->setFieldNameBackColor(0x00010203);
-    grid->setFieldNameForeColor(0x00040506);
-    MemoryPropertyBag bag;
-    grid->writeProperties(bag);
-    QCOMPARE(bag.names(),
-        (QStringList { "BackColor", "ForeColor", "Enabled", "Font", "BackStyle", "BorderStyle",
-            "FieldNameWidth", "RowHeight", "ScaleMode", "Appearance", "FieldNameBackColor",
-            "FieldNameForeColor" }));
-}
-
-void tst_kwPropertyControl::leavesDefaultsOutOfTheBag()
-{
-    GridHost host;
-    MemoryPropertyBag bag;
-    host.grid->writeProperties(bag);
-    QCOMPARE(bag.names(), QStringList());
-}
-
-void tst_kwPropertyControl::restoresWhatItSaved()
-{
-    MemoryPropertyBag bag;
-    QFont font;
+    void changedPropertiesAreSavedInTheirOrder()
     {
         GridHost host;
-        host.grid->setForeColor(0x00445566);
-        host.grid->setEnabled(true);
-        font = host.grid->Font();
-        font.setBold(true);
-        host.grid->setFont(font);
-        host.grid->setBorderStyle(1);
-        host.grid->setFieldNameWidth(1200);
-        host.grid->setRowHeight(400);
-        host.grid->setAppearance(0);
-        host.grid->setFieldNameForeColor(0x000000FF);
+        QStringList names;
+        for (auto p = persisted().crbegin(); p != persisted().crend(); ++p) {
+            host.grid->setProperty(p->name, p->other);
+            names.prepend(p->name);
+        }
+        MemoryPropertyBag bag;
         host.grid->writeProperties(bag);
+        QCOMPARE(bag.names(), names);
     }
-    GridHost host;
-    host.grid->readProperties(bag);
-    QCOMPARE(host.grid->ForeColor(), OleColor(0x00445566));
-    QCOMPARE(host.grid->Enabled(), true);
-    QCOMPARE(host.grid->Font(), font);
-    QCOMPARE(host.grid->BorderStyle(), qint16(1));
-    QCOMPARE(host.grid->FieldNameWidth(), 1200.0f);
-    QCOMPARE(host.grid->RowHeight(), 400.0f);
-    QCOMPARE(host.grid->Appearance(), qint16(0));
-    QCOMPARE(host.grid->FieldNameForeColor(), OleColor(0x000000FF));
-    QCOMPARE(host.grid->FieldNameBackColor(), SystemColor::WindowBackground);
-}
 
-void tst_kwPropertyControl::restoredBackColorReachesViewportOnly()
-{
-    GridHost host;
-    MemoryPropertyBag bag;
-    bag.WriteProperty("BackColor", quint32(0x00FF0000));
-    host.grid->readProperties(bag);
-    QCOMPARE(host.picOuter()->BackColor(), OleColor(0x00FF0000));
-    QCOMPARE(host.picInner()->BackColor(), SystemColor::ButtonFace);
-}
-
-void tst_kwPropertyControl::backColorColoursViewportAndCanvas()
-{
-    GridHost host;
-    QSignalSpy changed(host.grid, &UserControl::PropertyChanged);
-    host.grid->setBackColor(0x00FF0000);
-    QCOMPARE(host.picOuter()->BackColor(), OleColor(0x00FF0000));
-    QCOMPARE(host.picInner()->BackColor(), OleColor(0x00FF0000));
-    QCOMPARE(host.grid->BackColor(), OleColor(0x00FF0000));
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.at(0).at(0).toString(), QStringLiteral("BackColor"));
-}
-
-void tst_kwPropertyControl::storedOnlyPropertiesChangeNothingOnScreen_data()
-{
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("ForeColor") << QByteArray("ForeColor") << QVariant(quint32(0xFF));
-    QTest::newRow("Enabled") << QByteArray("Enabled") << QVariant(true);
-    QTest::newRow("BackStyle") << QByteArray("BackStyle") << QVariant::fromValue(qint16(1));
-    QTest::newRow("BorderStyle") << QByteArray("BorderStyle") << QVariant::fromValue(qint16(1));
-}
-
-void tst_kwPropertyControl::storedOnlyPropertiesChangeNothingOnScreen()
-{
-    QFETCH(QByteArray, property);
-    QFETCH(QVariant, value);
-    GridHost host;
-    Field *field = host.add("Host");
-    const OleColor labelFore = field->FieldNameControl()->ForeColor();
-    QSignalSpy changed(host.grid, &UserControl::PropertyChanged);
-    QVERIFY(host.grid->setProperty(property, value));
-    QCOMPARE(host.grid->property(property), value);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.at(0).at(0).toString(), QString::fromLatin1(property));
-    QCOMPARE(field->FieldNameControl()->ForeColor(), labelFore);
-    QVERIFY(field->ValueTextBox()->Enabled());
-    QCOMPARE(host.grid->surfaceBackStyle(), 1);
-}
-
-void tst_kwPropertyControl::fontReachesEveryField()
-{
-    GridHost host;
-    Field *text = host.add("Host");
-    Field *date = host.add("Start", ftDate);
-    QFont font(QStringLiteral("Serif"), 14);
-    host.grid->setFont(font);
-    QCOMPARE(text->FieldNameControl()->Font(), font);
-    QCOMPARE(text->ValueTextBox()->Font(), font);
-    QCOMPARE(date->ValueDate()->Font(), font);
-    QCOMPARE(host.picInner()->Font(), font);
-    // Fields added later take the grid's font.
-    QCOMPARE(host.add("Later")->ValueTextBox()->Font(), font);
-}
-
-void tst_kwPropertyControl::restoredFontReachesExistingFields()
-{
-    GridHost host;
-    Field *text = host.add("Host");
-    QFont font(QStringLiteral("Serif"), 15);
-    MemoryPropertyBag bag;
-    bag.WriteProperty("Font", font);
-    host.grid->readProperties(bag);
-    QCOMPARE(text->ValueTextBox()->Font(), font);
-}
-
-void tst_kwPropertyControl::nameColoursRecolourEveryLabel()
-{
-    GridHost host;
-    host.addRows(3);
-    host.grid->setFieldNameBackColor(0x00EEEEEE);
-    host.grid->setFieldNameForeColor(0x00222222);
-    for (Field *field : *host.grid->Fields()) {
-        QCOMPARE(field->FieldNameControl()->BackColor(), OleColor(0x00EEEEEE));
-        QCOMPARE(field->FieldNameControl()->ForeColor(), OleColor(0x00222222));
+    void coloursAndFontReachEveryRow()
+    {
+        GridHost host;
+        Field *text = host.add("Host");
+        Field *date = host.add("Start", ftDate);
+        const QFont font(QStringLiteral("Serif"), 14);
+        host.grid->setFont(font);
+        host.grid->setBackColor(0x00FF0000);
+        host.grid->setFieldNameBackColor(0x00EEEEEE);
+        host.grid->setFieldNameForeColor(0x00222222);
+        QCOMPARE(host.picInner()->BackColor(), OleColor(0x00FF0000));
+        for (Field *field : { text, date, host.add("Later") }) {
+            QCOMPARE(field->FieldNameControl()->Font(), font);
+            QCOMPARE(field->EditorControl()->Font(), font);
+            QCOMPARE(field->FieldNameControl()->BackColor(), OleColor(0x00EEEEEE));
+            QCOMPARE(field->FieldNameControl()->ForeColor(), OleColor(0x00222222));
+        }
     }
-}
 
-void tst_kwPropertyControl::propertiesAreQtProperties()
-{
-    GridHost host;
-    const QMetaObject *meta = host.grid->metaObject();
-    for (const char *name : { "Fields", "BackColor", "ForeColor", "Enabled", "Font", "BackStyle",
-             "BorderStyle", "ScaleMode", "Appearance", "FieldNameBackColor", "FieldNameForeColor",
-             "DescriptionLabel", "Parent", "AppPath", "FieldNameWidth", "RowHeight", "FirstRow" })
-        QVERIFY2(meta->indexOfProperty(name) >= 0, name);
-    QVERIFY(host.grid->setProperty("FieldNameWidth", 900.0f));
-    QCOMPARE(host.grid->FieldNameWidth(), 900.0f);
-    QVERIFY(host.grid->setProperty("AppPath", QStringLiteral("/opt/app")));
-    QCOMPARE(host.grid->AppPath(), QStringLiteral("/opt/app"));
-}
+    void labelAndEditorShareOneNumber_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("prefix");
+        QTest::addColumn<QByteArray>("className");
+        auto row = [](lFieldTypes type, const char *prefix, const char *className) {
+            QTest::newRow(prefix) << int(type) << QString(prefix) << QByteArray(className);
+        };
+        row(ftText, "TextBox", "TextBox");
+        row(ftNumeric, "Numeric", "TextBox");
+        row(ftCheckBox, "kwSimpleCheck", "kwSimpleCheck");
+        row(ftCombo, "kwComboField", "kwComboField");
+        row(ftDate, "DTPicker", "DatePicker");
+        row(ftSlider, "kwSliderValue", "kwSliderValue");
+        row(ftFileSelector, "kwFileSelectorField", "kwFileSelectorField");
+        row(ftFolderSelector, "kwFolderSelectorField", "kwFolderSelectorField");
+    }
 
-void tst_kwPropertyControl::setFocusGoesToTheFirstField()
-{
-    GridHost host;
-    QVERIFY(host.shown);
-    host.addRows(2);
-    host.grid->SetFocus();
-    QVERIFY(host.grid->Fields()->Item(1)->ValueTextBox()->hasFocus());
-}
+    void labelAndEditorShareOneNumber()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, prefix);
+        QFETCH(QByteArray, className);
+        GridHost host;
+        test::ErrorRecorder errors;
+        Field *field = host.add("Value", lFieldTypes(type), {}, "About");
+        QVERIFY2(errors.errors.isEmpty(), qPrintable(errors.sources().join(", ")));
+        Control *editor = host.grid->Controls().Item(prefix + QString::number(labelNumber(field)));
+        QVERIFY(editor);
+        QCOMPARE(field->EditorControl(), editor);
+        QCOMPARE(
+            QByteArray(field->EditField()->metaObject()->className()), "kwFieldDeck::" + className);
+        QCOMPARE(editor->Container(), host.picInner()->widget());
+        QCOMPARE(editor->Top(), field->FieldNameControl()->Top());
+        QCOMPARE(editor->Left(), 725.0f);
+        QCOMPARE(editor->Height(), 315.0f);
+        TextBox *cell = field->FieldNameControl();
+        QCOMPARE(cell->Text(), QStringLiteral("Value "));
+        QCOMPARE(cell->ToolTipText(), QStringLiteral("About"));
+        QVERIFY(cell->Locked() && !cell->TabStop());
+    }
 
-void tst_kwPropertyControl::setFocusOnEmptyGridIsReported()
-{
-    GridHost host;
-    test::ErrorRecorder errors;
-    host.grid->SetFocus();
-    QCOMPARE(
-        errors.sources(), QStringList { "Sub 'SetFocus' of User Control 'kwPropertyControl'" });
-}
+    void gridsOfOneThreadShareTheCounter()
+    {
+        GridHost first;
+        GridHost second;
+        Field *a = first.add("A");
+        Field *b = second.add("B");
+        first.grid->Fields()->Remove("A");
+        Field *again = first.add("A");
+        QCOMPARE(labelNumber(b), labelNumber(a) + 1);
+        QCOMPARE(labelNumber(again), labelNumber(a) + 2);
+        QCOMPARE(
+            again->ValueTextBox()->Name(), QStringLiteral("TextBox%1").arg(labelNumber(again)));
+        // The removed field's controls stay on the grid, hidden.
+        QVERIFY(first.grid->Controls().Item(a->FieldNameControl()->Name()));
+        QVERIFY(!a->FieldNameControl()->Visible());
+    }
 
-void tst_kwPropertyControl::fieldsReadReattachesTheGrid()
-{
-    GridHost host;
-    Fields *fields = host.grid->Fields();
-    fields->setParentClass(nullptr);
-    QCOMPARE(host.grid->Fields(), fields);
-    QCOMPARE(fields->ParentClass(), host.grid);
-}
+    void editorThatCannotBeCreatedIsReportedAndLeavesTheLabel()
+    {
+        const QString classId = libraryTitle() + QStringLiteral(".kwSliderValue");
+        ClassFactory::registerClass(
+            classId, [](const QString &, QObject *) -> Control * { raise(ErrCannotCreateObject); });
+        GridHost host;
+        test::ErrorRecorder errors;
+        test::MessageRecorder messages;
+        Field *field = host.add("Level", ftSlider);
+        ClassFactory::registerUserControl<kwSliderValue>(classId);
+        QVERIFY(field && !field->ValueSlider());
+        QVERIFY(!errors.errors.isEmpty());
+        QCOMPARE(errors.errors.first().number, int(ErrCannotCreateObject));
+        QCOMPARE(errors.errors.first().source,
+            QStringLiteral("Function 'AddSliderValue' of User Control 'kwPropertyControl'"));
+        QVERIFY(field->FieldNameControl()->Visible());
+        QCOMPARE(field->FieldNameControl()->Text(), QStringLiteral("Level "));
+    }
 
-void tst_kwPropertyControl::parentIsTheWindow()
-{
-    GridHost host;
-    QCOMPARE(host.grid->Parent(), &host.window);
-}
+    void rowsShareOneBorderLine_data()
+    {
+        QTest::addColumn<int>("hidden");
+        QTest::addColumn<QList<float>>("tops");
+        QTest::addColumn<float>("canvasHeight");
+        QTest::newRow("three rows") << 0 << QList<float> { 0, 300, 600 } << 900.0f;
+        QTest::newRow("hidden row leaves no gap") << 2 << QList<float> { 0, 300 } << 600.0f;
+    }
+
+    void rowsShareOneBorderLine()
+    {
+        QFETCH(int, hidden);
+        QFETCH(QList<float>, tops);
+        QFETCH(float, canvasHeight);
+        GridHost host;
+        host.addRows(3);
+        // Until the next full layout the canvas grows by a whole row height per row.
+        QCOMPARE(host.picInner()->Height(), 600.0f + 315.0f);
+        if (hidden)
+            host.grid->Fields()->Item(hidden)->setVisible(false);
+        host.grid->Refresh(true);
+        QList<float> nameTops, editorTops;
+        for (Field *field : *host.grid->Fields()) {
+            if (field->Visible()) {
+                nameTops << field->FieldNameControl()->Top();
+                editorTops << field->ValueTextBox()->Top();
+            }
+        }
+        QCOMPARE(nameTops, tops);
+        QCOMPARE(editorTops, tops);
+        QCOMPARE(host.picInner()->Height(), canvasHeight);
+    }
+
+    void scrollRangeFollowsVisibleRows_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("maximum");
+        // 10 - 1215 / 315 + 1 = 7.14...; -1: the bar is disabled.
+        QTest::newRow("ten rows") << 10 << 7;
+        QTest::newRow("four rows") << 4 << 1;
+        QTest::newRow("three rows") << 3 << -1;
+    }
+
+    void scrollRangeFollowsVisibleRows()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, maximum);
+        GridHost host(4000, 1215);
+        host.addRows(rows);
+        host.grid->Refresh(true);
+        QCOMPARE(host.scrollBar()->Enabled(), maximum > 0);
+        if (maximum > 0)
+            QCOMPARE(host.scrollBar()->Max(), maximum);
+    }
+
+    void scrollingMovesTheCanvasAndDraggingLeavesFirstRow()
+    {
+        GridHost host;
+        host.addRows(10);
+        host.grid->Refresh(true);
+        host.scrollBar()->setValue(2);
+        QCOMPARE(host.picInner()->Top(), -600.0f);
+        QCOMPARE(host.grid->FirstRow(), qint16(2));
+        QScrollBar *bar = host.scrollBar()->scrollBar();
+        bar->setSliderDown(true);
+        bar->setSliderPosition(3);
+        QCOMPARE(host.picInner()->Top(), -900.0f);
+        QCOMPARE(host.grid->FirstRow(), qint16(2));
+        bar->setSliderDown(false);
+        QCOMPARE(host.grid->FirstRow(), qint16(3));
+    }
+
+    void editorsFillTheValueColumn_data()
+    {
+        QTest::addColumn<float>("nameWidth");
+        QTest::addColumn<float>("left");
+        QTest::addColumn<float>("width");
+        QTest::newRow("new instance") << 0.0f << 725.0f << 2955.0f;
+        QTest::newRow("wider names") << 1000.0f << 975.0f << 2705.0f;
+        QTest::newRow("names too wide are ignored") << 3800.0f << 725.0f << 2955.0f;
+    }
+
+    void editorsFillTheValueColumn()
+    {
+        QFETCH(float, nameWidth);
+        QFETCH(float, left);
+        QFETCH(float, width);
+        GridHost host(4000, 1215);
+        QCOMPARE(host.scrollBar()->Width(), 255.0f);
+        Field *text = host.add("Host");
+        Field *date = host.add("Start", ftDate);
+        // The date picker is created 10 twips wider than the other editors (intended).
+        QCOMPARE(date->ValueDate()->Left(), 725.0f);
+        QCOMPARE(date->ValueDate()->Width(), 2965.0f);
+        QSignalSpy changed(host.grid, &UserControl::PropertyChanged);
+        if (nameWidth > 0)
+            host.grid->setFieldNameWidth(nameWidth);
+        QCOMPARE(changed.count(), nameWidth == left + 25 ? 1 : 0);
+        QCOMPARE(text->FieldNameControl()->Width(), left + 25);
+        QCOMPARE(text->ValueTextBox()->Left(), left);
+        QCOMPARE(text->ValueTextBox()->Width(), width);
+        // A full layout gives the date picker the same margin as the others.
+        host.grid->Refresh(true);
+        QCOMPARE(date->ValueDate()->Width(), width);
+    }
+
+    void typingRaisesChangedPerKey_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("userMode");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QVariantList>("values");
+        QTest::newRow("numbers") << int(ftNumeric) << true << "12" << QVariantList { 1.0, 12.0 };
+        QTest::newRow("text") << int(ftText) << true << "ab" << QVariantList { "a", "ab" };
+        QTest::newRow("design mode") << int(ftNumeric) << false << "7" << QVariantList { 7.0 };
+    }
+
+    void typingRaisesChangedPerKey()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, userMode);
+        QFETCH(QString, typed);
+        QFETCH(QVariantList, values);
+        GridHost host;
+        QVERIFY(host.shown);
+        host.grid->setAmbientUserMode(userMode);
+        Field *field = host.add("Port", lFieldTypes(type));
+        editorOf(field)->clear();
+        QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
+        QSignalSpy fieldChanged(field, &Field::Changed);
+        QTest::keyClicks(editorOf(field), typed);
+        QCOMPARE(fieldChanged.count(), values.size());
+        for (int i = 0; i < values.size(); ++i) {
+            QCOMPARE(fieldChanged.at(i).at(0).value<QVariant>().typeId(), values.at(i).typeId());
+            QCOMPARE(fieldChanged.at(i).at(0).value<QVariant>(), values.at(i));
+        }
+        // A grid in design mode raises no Changed.
+        QCOMPARE(gridChanged.count(), userMode ? values.size() : 0);
+        if (userMode)
+            QCOMPARE(gridChanged.last().at(0).value<Field *>(), field);
+    }
+
+    void numericFieldFiltersKeys_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("second point swallowed") << "1.5.2" << QStringLiteral("1.52");
+        QTest::newRow("minus first accepted") << "-4" << QStringLiteral("-4");
+        QTest::newRow("minus later swallowed") << "4-2" << QStringLiteral("42");
+        QTest::newRow("letters swallowed") << "1a2b" << QStringLiteral("12");
+    }
+
+    void numericFieldFiltersKeys()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        GridHost host;
+        QVERIFY(host.shown);
+        QLineEdit *edit = editorOf(host.add("Port", ftNumeric));
+        edit->clear();
+        QTest::keyClicks(edit, typed);
+        QCOMPARE(edit->text(), shown);
+    }
+
+    void clickingNameCellBelowViewportMakesRowCurrent()
+    {
+        GridHost host(4000, 1215);
+        QVERIFY(host.shown);
+        QLabel description;
+        host.grid->setDescriptionLabel(&description);
+        for (int i = 1; i <= 10; ++i)
+            host.add(QStringLiteral("Row%1").arg(i), ftText, {}, QStringLiteral("About %1").arg(i));
+        host.grid->Refresh(true);
+        Field *target = host.grid->Fields()->Item(8);
+        QTest::mouseClick(target->FieldNameControl()->lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+        QCoreApplication::processEvents();
+        // Row 8 ends at 7 * 300 + 315 = 2415; the viewport is 1215 high: four rows down.
+        QCOMPARE(host.grid->FirstRow(), qint16(4));
+        QCOMPARE(host.picInner()->Top(), -1200.0f);
+        for (Field *field : *host.grid->Fields()) {
+            const bool current = field == target;
+            QCOMPARE(field->FieldNameControl()->BackColor(),
+                current ? SystemColor::Highlight : host.grid->FieldNameBackColor());
+            QCOMPARE(field->FieldNameControl()->ForeColor(),
+                current ? SystemColor::HighlightText : host.grid->FieldNameForeColor());
+        }
+        QVERIFY(target->ValueTextBox()->hasFocus());
+        QCOMPARE(description.text(), QStringLiteral("About 8"));
+        // A row above the viewport becomes the first row shown.
+        host.grid->Fields()->Item(2)->SetFocus();
+        QCOMPARE(host.grid->FirstRow(), qint16(1));
+        QCOMPARE(host.picInner()->Top(), -300.0f);
+    }
+
+    void downAndUpMoveBetweenRows()
+    {
+        GridHost host;
+        QVERIFY(host.shown);
+        // A description label with a Caption property gets the text there.
+        QObject statusPanel;
+        statusPanel.setProperty("Caption", QString());
+        host.grid->setDescriptionLabel(&statusPanel);
+        for (int i = 1; i <= 3; ++i)
+            host.add(QStringLiteral("Row%1").arg(i), ftText, {}, QStringLiteral("About %1").arg(i));
+        Fields *fields = host.grid->Fields();
+        fields->Item(1)->SetFocus();
+        QTest::keyClick(editorOf(fields->Item(1)), Qt::Key_Down);
+        QTRY_VERIFY(fields->Item(2)->ValueTextBox()->hasFocus());
+        QCOMPARE(fields->Item(2)->FieldNameControl()->BackColor(), SystemColor::Highlight);
+        QCOMPARE(statusPanel.property("Caption").toString(), QStringLiteral("About 2"));
+        QTest::keyClick(editorOf(fields->Item(2)), Qt::Key_Up);
+        QTRY_VERIFY(fields->Item(1)->ValueTextBox()->hasFocus());
+        QCOMPARE(fields->Item(1)->ValueTextBox()->Text(), QString());
+    }
+};
 
 QTEST_MAIN(tst_kwPropertyControl)
 #include "tst_kwPropertyControl.moc"
