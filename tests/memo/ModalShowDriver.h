@@ -1,8 +1,7 @@
 #pragma once
 
-// Answers the modal windows of a test: while it lives, every window shown modally is handed to
-// the given handler inside its modal loop, on the real window, so the handler can work it and
-// close it. The previous hook comes back afterwards.
+// While it lives, every window shown modally is handed to the handler inside its modal loop, so
+// that the handler can work the real window and close it.
 
 #include "platform/Form.h"
 
@@ -10,34 +9,25 @@
 
 namespace kwFieldDeck::test {
 
-class ModalShowDriver
+struct ModalShowDriver
 {
-public:
     explicit ModalShowDriver(Form::ModalShowHook handler)
-        : m_previous(Form::setModalShowHook([this, handler](Form &form) {
+        : previous(Form::setModalShowHook([this, handler](Form &form) {
             ++shown;
             if (QTest::qWaitForWindowActive(form.window()))
                 handler(form);
-            else
-                QTest::qFail("the modal window never became active", __FILE__, __LINE__);
-            // A window left open would block the test for ever.
-            for (int i = 0; i < 200 && form.Visible(); ++i)
-                QTest::qWait(10);
-            if (form.Visible()) {
+            if (form.Visible()) { // left open, it would block the test for ever
                 form.Hide();
                 QTest::qFail("the modal window was left open", __FILE__, __LINE__);
             }
         }))
     {
     }
-    ~ModalShowDriver() { Form::setModalShowHook(std::move(m_previous)); }
-    ModalShowDriver(const ModalShowDriver &) = delete;
-    ModalShowDriver &operator=(const ModalShowDriver &) = delete;
+    ~ModalShowDriver() { Form::setModalShowHook(std::move(previous)); }
+    Q_DISABLE_COPY(ModalShowDriver)
 
     int shown = 0;
-
-private:
-    Form::ModalShowHook m_previous;
+    Form::ModalShowHook previous;
 };
 
 } // namespace kwFieldDeck::test
