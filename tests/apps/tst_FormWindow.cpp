@@ -1,10 +1,10 @@
+// The form window where no run of the program can click: the user's answer, the row description.
+
 #include "FormWindow.h"
 
 #include "fieldmodel/Field.h"
 #include "fieldmodel/Fields.h"
 #include "grid/kwPropertyControl.h"
-#include "platform/Control.h"
-#include "platform/TextBox.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -20,19 +20,14 @@ private slots:
     void buttonsKeysAndClosingDecideTheOutcome_data();
     void buttonsKeysAndClosingDecideTheOutcome();
     void theCurrentRowsDescriptionShowsBelowTheGrid();
-    void fittingShowsEveryRowAndTheLongestName();
-    void manyRowsStopGrowingTheWindow();
-    void offscreenRenderingHasTheWindowsSize();
-
-private:
-    static void addRows(FormWindow &window, int count);
 };
 
-void tst_FormWindow::addRows(FormWindow &window, int count)
+static void addRows(FormWindow &window, int count)
 {
     for (int i = 1; i <= count; ++i)
         window.grid()->Fields()->Add(QStringLiteral("Row %1").arg(i), ftText, 0,
             QStringLiteral("value %1").arg(i), QStringLiteral("About row %1").arg(i));
+    window.fitToFields();
 }
 
 void tst_FormWindow::buttonsKeysAndClosingDecideTheOutcome_data()
@@ -51,12 +46,10 @@ void tst_FormWindow::buttonsKeysAndClosingDecideTheOutcome()
     QFETCH(int, result);
     FormWindow window;
     addRows(window, 2);
-    window.fitToFields();
     // A result that no action gives, so a window that ignores the action is caught.
     window.setResult(-1);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-
     if (action == "ok")
         window.buttons()->button(QDialogButtonBox::Ok)->click();
     else if (action == "cancel")
@@ -65,7 +58,6 @@ void tst_FormWindow::buttonsKeysAndClosingDecideTheOutcome()
         QTest::keyClick(&window, Qt::Key_Escape);
     else
         window.close();
-
     QCOMPARE(window.result(), result);
     QVERIFY(!window.isVisible());
 }
@@ -74,59 +66,12 @@ void tst_FormWindow::theCurrentRowsDescriptionShowsBelowTheGrid()
 {
     FormWindow window;
     addRows(window, 3);
-    window.fitToFields();
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
-
     window.grid()->Fields()->Item(QStringLiteral("Row 3"))->SetFocus();
     QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 3"));
     QVERIFY(window.descriptionLabel()->geometry().top() >= window.grid()->geometry().bottom());
-}
-
-void tst_FormWindow::fittingShowsEveryRowAndTheLongestName()
-{
-    FormWindow window;
-    addRows(window, 6);
-    window.grid()->Fields()->Add(QStringLiteral("A rather long field name"), ftText);
-    window.fitToFields();
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-
-    kwPropertyControl *grid = window.grid();
-    const float gridHeight = grid->height() * twipsPerPixelY();
-    for (Field *field : *grid->Fields()) {
-        TextBox *label = field->FieldNameControl();
-        QVERIFY2(label->Top() + label->Height() <= gridHeight, qPrintable(field->Name()));
-        QVERIFY2(label->widget()->isVisible(), qPrintable(field->Name()));
-        QVERIFY2(field->EditorControl()->widget()->isVisible(), qPrintable(field->Name()));
-    }
-    QVERIFY2(!grid->Controls().Item("VScroll1")->Enabled(), "no scrolling needed");
-    const double longest = textWidthTwips(grid->Font(), QStringLiteral("A rather long field name"));
-    QVERIFY(grid->FieldNameWidth() >= longest);
-    QVERIFY(grid->width() * twipsPerPixelX() > grid->FieldNameWidth() + 2000);
-}
-
-void tst_FormWindow::manyRowsStopGrowingTheWindow()
-{
-    FormWindow few, many;
-    addRows(few, 16);
-    addRows(many, 200);
-    few.fitToFields();
-    many.fitToFields();
-    QCOMPARE(many.sizeHint().height(), few.sizeHint().height());
-    QVERIFY(many.height() < 1000);
-}
-
-void tst_FormWindow::offscreenRenderingHasTheWindowsSize()
-{
-    FormWindow window;
-    addRows(window, 4);
-    window.fitToFields();
-    const QImage image = window.renderOffscreen();
-    QVERIFY(!image.isNull());
-    QCOMPARE(image.size() / image.devicePixelRatio(), window.size());
-    QCOMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
 }
 
 QTEST_MAIN(tst_FormWindow)
