@@ -113,7 +113,9 @@ QDateTime parseDateText(const QString &raw)
         for (const char *time : timeForms) {
             const QString form = QLatin1String(date) + QLatin1String(time);
             const QDateTime moment = c.toDateTime(text, form);
-            if (moment.isValid())
+            // Years outside 100 to 9999 (a sign read into the year) are no dates, as on the
+            // original platform; their text form would not read back either.
+            if (moment.isValid() && moment.date().year() >= 100 && moment.date().year() <= 9999)
                 return moment;
         }
     }
