@@ -1,6 +1,5 @@
 #include "editors/kwComboField.h"
 
-#include "platform/ClassFactory.h"
 #include "platform/ComboBox.h"
 #include "platform/Values.h"
 
@@ -9,8 +8,7 @@
 namespace kwFieldDeck {
 
 namespace {
-const bool registered = ClassFactory::registerUserControl<kwComboField>(
-    libraryTitle() + QLatin1String(".kwComboField"));
+const bool registered = registerEditor<kwComboField>("kwComboField");
 } // namespace
 
 kwComboField::kwComboField(QWidget *parent)
@@ -92,31 +90,20 @@ QVector<kwEditorControl::PersistedProperty> kwComboField::persistedProperties()
     // Three names come twice with other targets and defaults; the later write of a name wins
     // in the bag. Intended.
     return {
-        colorProperty(
-            "BackColor", SystemColor::ButtonFace, [this] { return surfaceBackColor(); },
-            [this](OleColor c) { setSurfaceBackColor(c); }),
+        surfaceBackColorProperty(SystemColor::ButtonFace),
         colorProperty(
             "ForeColor", SystemColor::WindowText, [this] { return cbo->ForeColor(); },
             [this](OleColor c) { cbo->setForeColor(c); }),
-        boolProperty(
-            "Enabled", false, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; }),
+        enabledMemberProperty(false),
         fontProperty(
             "Font", [this] { return cbo->Font(); }, [this](const QFont &f) { cbo->setFont(f); }),
-        int16Property(
-            "BackStyle", 1, [this] { return qint16(surfaceBackStyle()); },
-            [this](qint16 s) { setSurfaceBackStyle(s); }),
-        int16Property(
-            "BorderStyle", 0, [this] { return qint16(surfaceBorderStyle()); },
-            [this](qint16 s) { setSurfaceBorderStyle(s); }),
+        surfaceBackStyleProperty(),
+        surfaceBorderStyleProperty(),
         textProperty(
             "Value", QString(), [this] { return cbo->Text(); },
             [this](const QString &t) { cbo->setText(t); }),
-        int16Property(
-            "ScaleMode", 1, [this] { return qint16(surfaceScaleMode()); },
-            [this](qint16 m) { setSurfaceScaleMode(m); }),
-        colorProperty(
-            "ForeColor", 0, [this] { return m_ForeColor; },
-            [this](OleColor c) { m_ForeColor = c; }),
+        scaleModeProperty(),
+        foreColorMemberProperty(),
         fontProperty(
             "Font", [this] { return cbo->Font(); }, [this](const QFont &f) { cbo->setFont(f); }),
         textProperty(

@@ -237,6 +237,53 @@ kwEditorControl::PersistedProperty kwEditorControl::fontProperty(
         [give](const QVariant &v) { give(v.value<QFont>()); } };
 }
 
+kwEditorControl::PersistedProperty kwEditorControl::surfaceBackColorProperty(OleColor defaultValue)
+{
+    return colorProperty(
+        "BackColor", defaultValue, [this] { return surfaceBackColor(); },
+        [this](OleColor c) { setSurfaceBackColor(c); });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::surfaceBackStyleProperty()
+{
+    return int16Property(
+        "BackStyle", 1, [this] { return qint16(surfaceBackStyle()); },
+        [this](qint16 s) { setSurfaceBackStyle(s); });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::surfaceBorderStyleProperty()
+{
+    return int16Property(
+        "BorderStyle", 0, [this] { return qint16(surfaceBorderStyle()); },
+        [this](qint16 s) { setSurfaceBorderStyle(s); });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::scaleModeProperty()
+{
+    return int16Property(
+        "ScaleMode", 1, [this] { return qint16(surfaceScaleMode()); },
+        [this](qint16 m) { setSurfaceScaleMode(m); });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::foreColorMemberProperty()
+{
+    return colorProperty(
+        "ForeColor", 0, [this] { return m_ForeColor; }, [this](OleColor c) { m_ForeColor = c; });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::enabledMemberProperty(bool defaultValue)
+{
+    return boolProperty(
+        "Enabled", defaultValue, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; });
+}
+
+kwEditorControl::PersistedProperty kwEditorControl::containerHwndProperty()
+{
+    return int32Property(
+        "ContainerHwnd", 0, [this] { return m_ContainerHwnd; },
+        [this](qint32 h) { m_ContainerHwnd = h; });
+}
+
 void kwEditorControl::UserControl_ReadProperties(PropertyBag &bag)
 {
     trap(source("Sub", "UserControl_ReadProperties").constData(), [&] {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ClassFactory.h"
 #include "platform/Colors.h"
 #include "platform/Error.h"
 #include "platform/UserControl.h"
@@ -162,6 +163,15 @@ protected:
     PersistedProperty fontProperty(const char *name, std::function<QFont()> take,
         std::function<void(const QFont &)> give) const;
 
+    // Rows that several editors keep in the same place with the same default.
+    PersistedProperty surfaceBackColorProperty(OleColor defaultValue);
+    PersistedProperty surfaceBackStyleProperty();
+    PersistedProperty surfaceBorderStyleProperty();
+    PersistedProperty scaleModeProperty();
+    PersistedProperty foreColorMemberProperty();
+    PersistedProperty enabledMemberProperty(bool defaultValue);
+    PersistedProperty containerHwndProperty();
+
     void UserControl_ReadProperties(PropertyBag &bag) override;
     void UserControl_WriteProperties(PropertyBag &bag) const override;
 
@@ -177,5 +187,13 @@ protected:
 private:
     const char *m_controlName;
 };
+
+// Makes an editor creatable by the class factory as "<library>.<class name>".
+template <typename Editor>
+bool registerEditor(const char *className)
+{
+    return ClassFactory::registerUserControl<Editor>(
+        libraryTitle() + QLatin1Char('.') + QLatin1String(className));
+}
 
 } // namespace kwFieldDeck

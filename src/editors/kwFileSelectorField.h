@@ -1,15 +1,14 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include "editors/kwBrowseFieldControl.h"
 
 namespace kwFieldDeck {
 
-class CommandButton;
 class TextBox;
 
 // The editor of a file field: a text box showing the chosen path shortened to fit, and a "..."
 // button that opens the file-open dialog. The full path, the value, is kept in Text1's tag.
-class kwFileSelectorField : public kwEditorControl
+class kwFileSelectorField : public kwBrowseFieldControl
 {
     Q_OBJECT
     Q_PROPERTY(QString Value READ Value WRITE setValue)
@@ -28,34 +27,17 @@ public:
     QString Filter() const { return m_Filter; }
     void setFilter(const QString &filter);
 
-    OleColor ForeColor() const override;
-    void setForeColor(OleColor color) override;
-    void setEnabled(bool enabled) override;
-    QFont Font() const override;
-    void setFont(const QFont &font) override;
-
-    void SetFocus();
     // The path shortened with "..." to the box's width, measured in the host surface's font.
     QString FitFilename(TextBox *ctl, const QString &path);
-
-signals:
-    void Change();
 
 protected:
     QVector<PersistedProperty> persistedProperties() override;
     void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
+    void fitText() override;
 
 private:
-    void btnBrowse_Click();
-    void btnBrowse_GotFocus();
-    void Text1_Change();
-    void Text1_GotFocus();
-    void Text1_KeyDown(int &KeyCode, int &Shift);
-    void Text1_KeyPress(int &KeyAscii);
+    void btnBrowse_Click() override;
 
-    TextBox *Text1;
-    CommandButton *btnBrowse;
     QString m_Title;
     QString m_InitDir;
     QString m_Filter;

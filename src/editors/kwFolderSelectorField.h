@@ -1,15 +1,12 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include "editors/kwBrowseFieldControl.h"
 
 namespace kwFieldDeck {
 
-class CommandButton;
-class TextBox;
-
 // The editor of a folder field: a text box showing the chosen folder shortened to fit, and a
 // "..." button that opens the folder-browse dialog.
-class kwFolderSelectorField : public kwEditorControl
+class kwFolderSelectorField : public kwBrowseFieldControl
 {
     Q_OBJECT
     Q_PROPERTY(QString Value READ Value WRITE setValue)
@@ -28,36 +25,22 @@ public:
 
     OleColor BackColor() const override;
     void setBackColor(OleColor color) override;
-    OleColor ForeColor() const override;
-    void setForeColor(OleColor color) override;
     bool Enabled() const override;
     void setEnabled(bool enabled) override;
-    QFont Font() const override;
-    void setFont(const QFont &font) override;
     qint16 BackStyle() const override { return m_BackStyle; }
     void setBackStyle(qint16 style) override;
     qint16 BorderStyle() const override;
     void setBorderStyle(qint16 style) override;
 
-    void SetFocus();
-
-signals:
-    void Change();
-
 protected:
     QVector<PersistedProperty> persistedProperties() override;
     void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
+    void fitText() override;
 
 private:
-    void btnBrowse_Click();
-    void btnBrowse_GotFocus();
-    void Text1_Change();
-    void Text1_GotFocus();
+    void btnBrowse_Click() override;
     void setSurfaceEnabled(bool enabled);
 
-    TextBox *Text1;
-    CommandButton *btnBrowse;
     QString m_Value;
     QString m_Title;
     QString m_InitDir;

@@ -1,16 +1,13 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include "editors/kwBrowseFieldControl.h"
 
 namespace kwFieldDeck {
-
-class CommandButton;
-class TextBox;
 
 // The editor of a memo field: a read-only box showing the placeholder "(Text)" and a "..."
 // button (or F4) that opens the memo editor window on the whole text. The text itself, the
 // value, is kept in Text1's tag.
-class kwMemoField : public kwEditorControl
+class kwMemoField : public kwBrowseFieldControl
 {
     Q_OBJECT
     Q_PROPERTY(QString Value READ Value WRITE setValue)
@@ -26,32 +23,14 @@ public:
     QString FieldName() const { return m_FieldName; }
     void setFieldName(const QString &name) { m_FieldName = name; }
 
-    OleColor ForeColor() const override;
-    void setForeColor(OleColor color) override;
-    void setEnabled(bool enabled) override;
-    QFont Font() const override;
-    void setFont(const QFont &font) override;
-
-    void SetFocus();
-
-signals:
-    void Change();
-
 protected:
     QVector<PersistedProperty> persistedProperties() override;
     void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
 
 private:
-    void btnBrowse_Click();
-    void btnBrowse_GotFocus();
-    void Text1_Change();
-    void Text1_GotFocus();
-    void Text1_KeyDown(int &KeyCode, int &Shift);
-    void Text1_KeyPress(int &KeyAscii);
+    void btnBrowse_Click() override;
+    void Text1_KeyDown(int &KeyCode, int &Shift) override;
 
-    TextBox *Text1;
-    CommandButton *btnBrowse;
     QString m_Title;
     QString m_FieldName;
 };

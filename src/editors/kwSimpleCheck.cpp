@@ -1,7 +1,6 @@
 #include "editors/kwSimpleCheck.h"
 
 #include "platform/CheckBox.h"
-#include "platform/ClassFactory.h"
 #include "platform/Services.h"
 #include "util/Placement.h"
 
@@ -13,8 +12,7 @@
 namespace kwFieldDeck {
 
 namespace {
-const bool registered = ClassFactory::registerUserControl<kwSimpleCheck>(
-    libraryTitle() + QLatin1String(".kwSimpleCheck"));
+const bool registered = registerEditor<kwSimpleCheck>("kwSimpleCheck");
 } // namespace
 
 kwSimpleCheck::kwSimpleCheck(QWidget *parent)
@@ -45,22 +43,13 @@ void kwSimpleCheck::setValue(qint16 value)
 QVector<kwEditorControl::PersistedProperty> kwSimpleCheck::persistedProperties()
 {
     return {
-        colorProperty(
-            "BackColor", SystemColor::ButtonFace, [this] { return surfaceBackColor(); },
-            [this](OleColor c) { setSurfaceBackColor(c); }),
-        colorProperty(
-            "ForeColor", 0, [this] { return m_ForeColor; },
-            [this](OleColor c) { m_ForeColor = c; }),
-        boolProperty(
-            "Enabled", false, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; }),
+        surfaceBackColorProperty(SystemColor::ButtonFace),
+        foreColorMemberProperty(),
+        enabledMemberProperty(false),
         fontProperty(
             "Font", [this] { return m_Font; }, [this](const QFont &f) { m_Font = f; }),
-        int16Property(
-            "BackStyle", 1, [this] { return qint16(surfaceBackStyle()); },
-            [this](qint16 s) { setSurfaceBackStyle(s); }),
-        int16Property(
-            "BorderStyle", 0, [this] { return qint16(surfaceBorderStyle()); },
-            [this](qint16 s) { setSurfaceBorderStyle(s); }),
+        surfaceBackStyleProperty(),
+        surfaceBorderStyleProperty(),
         int16Property(
             "Value", 0, [this] { return Check1->Value(); },
             [this](qint16 v) { Check1->setValue(v); }),

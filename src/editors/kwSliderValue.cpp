@@ -1,6 +1,5 @@
 #include "editors/kwSliderValue.h"
 
-#include "platform/ClassFactory.h"
 #include "platform/Services.h"
 #include "platform/Slider.h"
 #include "platform/TextBox.h"
@@ -15,8 +14,7 @@
 namespace kwFieldDeck {
 
 namespace {
-const bool registered = ClassFactory::registerUserControl<kwSliderValue>(
-    libraryTitle() + QLatin1String(".kwSliderValue"));
+const bool registered = registerEditor<kwSliderValue>("kwSliderValue");
 } // namespace
 
 kwSliderValue::kwSliderValue(QWidget *parent)
@@ -128,11 +126,8 @@ QVector<kwEditorControl::PersistedProperty> kwSliderValue::persistedProperties()
         colorProperty(
             "BackColor", 0, [this] { return m_BackColor; },
             [this](OleColor c) { m_BackColor = c; }),
-        colorProperty(
-            "ForeColor", 0, [this] { return m_ForeColor; },
-            [this](OleColor c) { m_ForeColor = c; }),
-        boolProperty(
-            "Enabled", false, [this] { return m_Enabled; }, [this](bool e) { m_Enabled = e; }),
+        foreColorMemberProperty(),
+        enabledMemberProperty(false),
         int16Property(
             "BackStyle", 0, [this] { return m_BackStyle; }, [this](qint16 s) { m_BackStyle = s; }),
         int16Property(
@@ -140,9 +135,7 @@ QVector<kwEditorControl::PersistedProperty> kwSliderValue::persistedProperties()
             [this](qint16 s) { m_BorderStyle = s; }),
         int32Property(
             "Value", 0, [this] { return m_Value; }, [this](qint32 v) { m_Value = v; }),
-        int32Property(
-            "ContainerHwnd", 0, [this] { return m_ContainerHwnd; },
-            [this](qint32 h) { m_ContainerHwnd = h; }),
+        containerHwndProperty(),
         int32Property(
             "Max", 10, [this] { return Slider1->Max(); }, [this](qint32 m) { Slider1->setMax(m); }),
         int32Property(
