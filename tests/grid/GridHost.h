@@ -1,7 +1,6 @@
 #pragma once
 
-// A window holding one grid created as its container sees it, so that the grid's outer size in
-// twips is exactly what a test sets.
+// A window holding one grid, created as its container sees it: its outer size in twips is exact.
 
 #include "fieldmodel/Field.h"
 #include "fieldmodel/Fields.h"
@@ -25,7 +24,7 @@ public:
     explicit GridHost(float width = 4000, float height = 1215)
     {
         window.resize(twipsToPixelsX(width) + 40, twipsToPixelsY(height) + 40);
-        extender = ClassFactory::create(
+        Control *extender = ClassFactory::create(
             libraryTitle() + ".kwPropertyControl", QStringLiteral("kwPropertyControl1"), &window);
         extender->setContainer(&window);
         extender->Move(0, 0, width, height);
@@ -60,7 +59,6 @@ public:
     }
 
     PictureBox *picInner() const { return grid->InnerPicBox(); }
-    PictureBox *picOuter() const { return grid->OuterPicBox(); }
     VScrollBar *scrollBar() const
     {
         return static_cast<VScrollBar *>(grid->Controls().Item(QStringLiteral("VScroll1")));
@@ -68,7 +66,6 @@ public:
 
     QWidget window;
     bool shown = false;
-    Control *extender = nullptr;
     kwPropertyControl *grid = nullptr;
 };
 
