@@ -4,137 +4,63 @@
 
 using namespace kwFieldDeck;
 
+namespace {
+enum Operation { PieceOf, PositionIn, LinesOf };
+
+void row(const char *name, int operation, const char *text, const char *argument, int n,
+    const char *expected)
+{
+    QTest::newRow(name) << operation << QString::fromUtf8(text) << QString::fromUtf8(argument) << n
+                        << QString::fromUtf8(expected);
+}
+} // namespace
+
 class tst_Text : public QObject
 {
     Q_OBJECT
 private slots:
-    void pieceCutsAtEveryDelimiter_data();
-    void pieceCutsAtEveryDelimiter();
-    void removeTabsDropsOnlyTabs_data();
-    void removeTabsDropsOnlyTabs();
-    void listPositionIsOneBasedAndZeroWhenAbsent_data();
-    void listPositionIsOneBasedAndZeroWhenAbsent();
-    void lineCountCountsCrLfPairsPlusOne_data();
-    void lineCountCountsCrLfPairsPlusOne();
+    void textOperationGivesItsResult_data();
+    void textOperationGivesItsResult();
 };
 
-void tst_Text::pieceCutsAtEveryDelimiter_data()
+void tst_Text::textOperationGivesItsResult_data()
 {
+    QTest::addColumn<int>("operation");
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("delimiter");
+    QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
     QTest::addColumn<int>("n");
     QTest::addColumn<QString>("expected");
-
-    QTest::newRow("first") << "KEY=value"
-                           << "=" << 1 << "KEY";
-    QTest::newRow("second") << "KEY=value"
-                            << "=" << 2 << "value";
-    QTest::newRow("later delimiters stay apart") << "a=b=c"
-                                                 << "=" << 2 << "b";
-    QTest::newRow("last") << "a=b=c"
-                          << "=" << 3 << "c";
-    QTest::newRow("fewer parts") << "a=b=c"
-                                 << "=" << 4 << "";
-    QTest::newRow("no delimiter, first part is the text") << "ADDFIELD"
-                                                          << " " << 1 << "ADDFIELD";
-    QTest::newRow("no delimiter, second part") << "ADDFIELD"
-                                               << " " << 2 << "";
-    QTest::newRow("empty part between delimiters") << "a==b"
-                                                   << "=" << 2 << "";
-    QTest::newRow("after adjacent delimiters") << "a==b"
-                                               << "=" << 3 << "b";
-    QTest::newRow("untrimmed") << " NAME = x y "
-                               << "=" << 2 << " x y ";
-    QTest::newRow("trailing delimiter gives an empty last part") << "a|"
-                                                                 << "|" << 2 << "";
-    QTest::newRow("leading delimiter gives an empty first part") << "|a"
-                                                                 << "|" << 1 << "";
-    QTest::newRow("delimiter of several characters") << "a\r\nb\r\nc"
-                                                     << "\r\n"
-                                                     << 3 << "c";
-    QTest::newRow("empty text") << ""
-                                << "=" << 1 << "";
-    QTest::newRow("part zero") << "a=b"
-                               << "=" << 0 << "";
+    const char *types = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
+    row("second piece", PieceOf, "KEY=value", "=", 2, "value");
+    row("fewer parts", PieceOf, "a=b=c", "=", 4, "");
+    row("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
+    row("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
+    row("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
+    row("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
+    row("list position", PositionIn, types, "DATE", 0, "5");
+    row("part of an item", PositionIn, types, "FILE", 0, "0");
+    row("letter case counts", PositionIn, types, "Memo", 0, "0");
+    row("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
+    row("no text is one line", LinesOf, "", "", 0, "1");
+    row("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
+    row("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
+    row("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
+    row("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
 }
 
-void tst_Text::pieceCutsAtEveryDelimiter()
+void tst_Text::textOperationGivesItsResult()
 {
+    QFETCH(int, operation);
     QFETCH(QString, text);
-    QFETCH(QString, delimiter);
+    QFETCH(QString, argument);
     QFETCH(int, n);
     QFETCH(QString, expected);
-    QCOMPARE(Piece(text, delimiter, n), expected);
-}
-
-void tst_Text::removeTabsDropsOnlyTabs_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("indented key") << "\t\tTYPE=TEXT"
-                                  << "TYPE=TEXT";
-    QTest::newRow("tabs inside") << "a\tb\tc"
-                                 << "abc";
-    QTest::newRow("blanks and line ends kept") << " a \r\n\tb "
-                                               << " a \r\nb ";
-    QTest::newRow("no tabs") << "plain"
-                             << "plain";
-    QTest::newRow("only tabs") << "\t\t"
-                               << "";
-}
-
-void tst_Text::removeTabsDropsOnlyTabs()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    QCOMPARE(RemoveTabs(text), expected);
-}
-
-void tst_Text::listPositionIsOneBasedAndZeroWhenAbsent_data()
-{
-    const QString types = QStringLiteral(
-        "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO");
-    QTest::addColumn<QString>("list");
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("first") << types << "TEXT" << 1;
-    QTest::newRow("middle") << types << "DATE" << 5;
-    QTest::newRow("last") << types << "MEMO" << 9;
-    QTest::newRow("a part of an item is not the item") << types << "FILE" << 0;
-    QTest::newRow("letter case counts") << types << "Memo" << 0;
-    QTest::newRow("empty word") << types << "" << 0;
-    QTest::newRow("two items together") << types << "TEXT,NUMERIC" << 0;
-    QTest::newRow("repeated item finds the first") << "A,B,A"
-                                                   << "A" << 1;
-}
-
-void tst_Text::listPositionIsOneBasedAndZeroWhenAbsent()
-{
-    QFETCH(QString, list);
-    QFETCH(QString, word);
-    QFETCH(int, expected);
-    QCOMPARE(ListPosition(list, word), expected);
-}
-
-void tst_Text::lineCountCountsCrLfPairsPlusOne_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("empty") << "" << 1;
-    QTest::newRow("one line") << "abc" << 1;
-    QTest::newRow("two lines") << "ab\r\ncd" << 2;
-    QTest::newRow("ends with a line break") << "ab\r\n" << 2;
-    QTest::newRow("empty lines") << "\r\n\r\n" << 3;
-    QTest::newRow("bare LF is not a line break") << "a\nb\nc" << 1;
-    QTest::newRow("bare CR is not a line break") << "a\rb" << 1;
-    QTest::newRow("CR CR LF holds one pair") << "a\r\r\nb" << 2;
-}
-
-void tst_Text::lineCountCountsCrLfPairsPlusOne()
-{
-    QFETCH(QString, text);
-    QFETCH(int, expected);
-    QCOMPARE(LineCount(text), expected);
+    if (operation == PieceOf)
+        QCOMPARE(Piece(text, argument, n), expected);
+    else if (operation == PositionIn)
+        QCOMPARE(QString::number(ListPosition(text, argument)), expected);
+    else
+        QCOMPARE(QString::number(LineCount(text)), expected);
 }
 
 QTEST_GUILESS_MAIN(tst_Text)
