@@ -329,37 +329,15 @@ void Field::setFont(const QFont &font)
 void Field::SetFocus()
 {
     trap("Sub 'SetFocus' of Class Module 'Field'", [&] {
-        switch (m_FieldType) {
-        case ftText:
-            if (require(m_ValueTextBox)->Enabled())
-                m_ValueTextBox->SetFocus();
-            break;
-        case ftNumeric:
-            if (require(m_ValueNumeric)->Enabled())
-                m_ValueNumeric->SetFocus();
-            break;
-        case ftCheckBox:
-            require(m_ValueCheckBox)->setFocus(Qt::OtherFocusReason);
-            break;
-        case ftCombo:
-            require(m_ValueComboBox)->SetFocus();
-            break;
-        case ftDate:
-            require(m_ValueDate)->SetFocus();
-            break;
-        case ftFileSelector:
-            require(m_FileSelector)->SetFocus();
-            break;
-        case ftFolderSelector:
-            require(m_FolderSelector)->SetFocus();
-            break;
-        case ftMemo:
-            require(m_Memo)->SetFocus();
-            break;
-        default:
-            // A slider field does not take the focus this way: intended.
-            break;
-        }
+        // A slider field does not take the focus this way: intended.
+        if (m_FieldType == ftSlider)
+            return;
+        // A disabled text or number box keeps the focus where it is.
+        if (m_FieldType == ftText && !require(m_ValueTextBox)->Enabled())
+            return;
+        if (m_FieldType == ftNumeric && !require(m_ValueNumeric)->Enabled())
+            return;
+        FocusRowEditor();
     });
 }
 
