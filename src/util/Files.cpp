@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QStringDecoder>
 
+#include <sys/stat.h>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -45,6 +47,15 @@ constexpr char16_t windows1252High[32] = {
     0x0178,
 };
 
+// Only a regular file is read: opening a named pipe waits for a writer that may never come, and
+// a device or socket holds no file text.
+bool isRegularFile(const QString &resolvedPath)
+{
+    struct stat status;
+    return ::stat(QFile::encodeName(resolvedPath).constData(), &status) == 0
+        && S_ISREG(status.st_mode);
+}
+
 QString fromWindows1252(const QByteArray &bytes)
 {
     QString text(bytes.size(), Qt::Uninitialized);
@@ -69,14 +80,17 @@ QString decodeFileText(const QByteArray &bytes)
 
 bool FileExists(const QString &path)
 {
-    return FileSystem::FileExists(path);
+    return FileSystem::FileExists(path) && isRegularFile(FileSystem::resolvePath(path));
 }
 
 QString ReadWholeFile(const QString &path)
 {
     if (path.isEmpty())
         return QString();
-    QFile file(FileSystem::resolvePath(path));
+    const QString resolved = FileSystem::resolvePath(path);
+    if (!isRegularFile(resolved))
+        return QString();
+    QFile file(resolved);
     if (!file.open(QIODevice::ReadOnly))
         return QString();
     return decodeFileText(file.readAll());

@@ -5,11 +5,12 @@
 
 namespace kwFieldDeck {
 
-// Whether a file exists; the path is matched without regard to case when it does not exist as
-// written.
+// Whether a regular file exists (not a folder, named pipe, socket or device); the path is matched
+// without regard to case when it does not exist as written.
 bool FileExists(const QString &path);
 
-// The whole text of a file, "" for a missing or unreadable one. Line ends are kept as they are.
+// The whole text of a regular file, "" for a missing or unreadable one or any other kind of path.
+// Line ends are kept as they are.
 QString ReadWholeFile(const QString &path);
 
 // The text of file contents: UTF-8 when the bytes are valid UTF-8 (a BOM is dropped), otherwise
