@@ -27,6 +27,8 @@ private slots:
     void enabledVisibleAndColoursReachTheRow();
     void membersForOtherTypesOnATextField();
     void editFieldLeavesTheMemoOutAndKillReleases();
+    void editorsAreNamedForScreenReaders_data();
+    void editorsAreNamedForScreenReaders();
 };
 
 void tst_Field::typeIsSetOnceButStillChanges()
@@ -208,6 +210,39 @@ void tst_Field::editFieldLeavesTheMemoOutAndKillReleases()
     QVERIFY(!text->ValueTextBox());
     QVERIFY(editor->Visible());
     QVERIFY(text->FieldNameControl());
+}
+
+void tst_Field::editorsAreNamedForScreenReaders_data()
+{
+    QTest::addColumn<int>("type");
+    const QStringList names = fieldTypeNames().split(QLatin1Char(','));
+    for (int type = ftText; type <= ftMemo; ++type)
+        QTest::newRow(qPrintable(names[type - 1])) << type;
+}
+
+void tst_Field::editorsAreNamedForScreenReaders()
+{
+    QFETCH(int, type);
+    GridHost host;
+    Field *field = host.add("Port", lFieldTypes(type), {}, "TCP port");
+    field->setDescription("Port the server listens on");
+    // The row's editor is the last control the grid created; every part that takes the focus
+    // must say which field it edits.
+    Control *editor = nullptr;
+    for (Control *control : host.grid->Controls())
+        editor = control;
+    QWidget *root = editor->widget();
+    QList<QWidget *> parts = root->findChildren<QWidget *>();
+    parts.prepend(root);
+    int named = 0;
+    for (const QWidget *part : std::as_const(parts)) {
+        if (part->focusPolicy() == Qt::NoFocus)
+            continue;
+        QCOMPARE(part->accessibleName(), QStringLiteral("Port"));
+        QCOMPARE(part->accessibleDescription(), QStringLiteral("Port the server listens on"));
+        ++named;
+    }
+    QVERIFY(named > 0);
 }
 
 QTEST_MAIN(tst_Field)

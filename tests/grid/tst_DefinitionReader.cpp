@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 using namespace kwFieldDeck;
 using namespace kwFieldDeck::test;
 
@@ -287,6 +289,10 @@ private slots:
         const QString folder = m_dir.filePath("folder.kwdef");
         QVERIFY(QDir().mkpath(folder));
         unreadable("a directory", folder, CannotOpen + folder);
+        // A named pipe would block a plain read for ever: it is no file.
+        const QString pipe = m_dir.filePath("pipe.kwdef");
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        unreadable("a named pipe", pipe, CannotOpen + pipe);
         const QString locked = write("locked.kwdef", Header + "\r\n" + TwoFields);
         QVERIFY(QFile::setPermissions(locked, {}));
         // Root reads files whatever their mode; the read error below stops root too.
