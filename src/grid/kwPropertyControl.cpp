@@ -37,6 +37,9 @@ kwPropertyControl::kwPropertyControl(QWidget *parent)
         child->setVisible(true);
     picInner->setAppearance(0);
     picInner->setBackColor(picOuter->BackColor());
+    // The canvas grows downwards with every row; only what newly comes into view needs painting,
+    // not the whole visible canvas once per added row.
+    picInner->widget()->setAttribute(Qt::WA_StaticContents);
     VScroll1->setWidth(255);
     connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControl::VScroll1_Change);
     connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControl::VScroll1_Scroll);
