@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QPointer>
 #include <QString>
+#include <QVector>
 
 namespace kwFieldDeck {
 
@@ -149,6 +150,9 @@ private:
     float EditorWidth(float margin) const;
     TextBox *addTextEditor(const QString &kind, Field *oField);
     Control *addLibraryEditor(const QString &className, Field *oField);
+    void EnterRow(Field *oField, Control *editor);
+    void ShowRowsInView();
+    bool IsNearView(const Control *label) const;
     void CleanDefString(QString &DefString);
 
     PictureBox *picOuter = nullptr;
@@ -171,6 +175,10 @@ private:
     QPointer<QObject> m_DescriptionLabel;
     QString m_AppPath;
     Field *m_LastAddedField = nullptr;
+    // The rows in canvas order, and those shown now because they are near the viewport.
+    QVector<Field *> m_RowOrder;
+    bool m_RowOrderSorted = true;
+    QVector<Field *> m_RowsShown;
 };
 
 } // namespace kwFieldDeck

@@ -35,6 +35,8 @@ void kwPropertyControl::Refresh(bool Redraw)
         m_Busy = true;
         picInner->setHeight(0);
         m_VisibleRowCount = 0;
+        m_RowOrder.clear();
+        m_RowOrderSorted = true;
         float top = 0;
         // By index: host events run between rows and may change the collection.
         for (int i = 0; i < m_Fields->Count(); ++i) {
@@ -53,9 +55,11 @@ void kwPropertyControl::Refresh(bool Redraw)
             top += label->Height() - SharedBorder;
             picInner->setHeight(top);
             ++m_VisibleRowCount;
+            m_RowOrder.append(field);
             DoEvents();
         }
         CalcSlider();
+        ShowRowsInView();
         m_Busy = false;
     });
 }
@@ -89,6 +93,7 @@ void kwPropertyControl::VScroll1_Change()
 {
     trap("Sub 'VScroll1_Change' of User Control 'kwPropertyControl'", [&] {
         picInner->setTop(-(m_RowHeight - SharedBorder) * VScroll1->Value());
+        ShowRowsInView();
         m_FirstRow = roundToInt16(VScroll1->Value());
     });
 }
@@ -98,6 +103,7 @@ void kwPropertyControl::VScroll1_Scroll()
     trap("Sub 'VScroll1_Scroll' of User Control 'kwPropertyControl'", [&] {
         // FirstRow follows only when the drag ends (VScroll1_Change): intended.
         picInner->setTop(-(m_RowHeight - SharedBorder) * VScroll1->Value());
+        ShowRowsInView();
     });
 }
 
@@ -107,6 +113,7 @@ void kwPropertyControl::setFirstRow(qint16 row)
         // No range check and the scroll bar stays where it is: intended.
         m_FirstRow = row;
         picInner->setTop(-(m_RowHeight - SharedBorder) * row);
+        ShowRowsInView();
     });
 }
 

@@ -49,6 +49,7 @@ TextBox *kwPropertyControl::AddField()
         label->setHeight(m_RowHeight);
         label->setWidth(m_FieldNameWidth);
         label->setTabStop(false);
+        label->setInView(IsNearView(label));
         picInner->setHeight(label->Top() + label->Height());
         // The new row enters the scroll range only at the next full layout: intended.
         CalcSlider();
@@ -88,6 +89,7 @@ TextBox *kwPropertyControl::addTextEditor(const QString &kind, Field *oField)
     editor->setAppearance(0);
     editor->setHeight(m_RowHeight);
     editor->setWidth(EditorWidth(40));
+    EnterRow(oField, editor);
     editor->setVisible(true);
     editor->setText(textOf(oField->Value()));
     return editor;
@@ -105,6 +107,7 @@ DatePicker *kwPropertyControl::AddDatePicker(Field *oField)
             picker->setHeight(m_RowHeight);
             // 30 where every other editor uses 40: intended.
             picker->setWidth(EditorWidth(30));
+            EnterRow(oField, picker);
             picker->setVisible(true);
             const QVariant value = oField->Value();
             if (isDate(value))
@@ -122,6 +125,7 @@ Control *kwPropertyControl::addLibraryEditor(const QString &className, Field *oF
     editor->setLeft(label->Left() + label->Width() - EditorOverlap);
     editor->setHeight(m_RowHeight);
     editor->setWidth(EditorWidth(40));
+    EnterRow(oField, editor);
     editor->setVisible(true);
     return editor;
 }

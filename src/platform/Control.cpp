@@ -199,8 +199,21 @@ void Control::Move(float left, float top, std::optional<float> width, std::optio
 void Control::setVisible(bool visible)
 {
     m_visible = visible;
+    showWidget();
+}
+
+void Control::setInView(bool inView)
+{
+    if (m_inView == inView)
+        return;
+    m_inView = inView;
+    showWidget();
+}
+
+void Control::showWidget()
+{
     if (m_widget)
-        m_widget->setVisible(visible);
+        m_widget->setVisible(m_visible && m_inView);
 }
 
 bool Control::Enabled() const { return m_widget && m_widget->isEnabledTo(nullptr); }
@@ -270,7 +283,7 @@ void Control::setContainer(QWidget *container)
         return;
     m_widget->setParent(container);
     placeWidget();
-    m_widget->setVisible(m_visible);
+    showWidget();
 }
 
 void Control::SetFocus()
@@ -278,6 +291,12 @@ void Control::SetFocus()
     QWidget *w = require(m_widget.data());
     if (!m_visible || !w->isEnabled())
         raise(ErrInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+    // A control out of its container's view is shown for the focus; the container then brings
+    // it into view as its focus arrives.
+    for (QWidget *part = w; part; part = part->parentWidget()) {
+        if (Control *control = Control::of(part))
+            control->setInView(true);
+    }
     w->setFocus(Qt::OtherFocusReason);
 }
 

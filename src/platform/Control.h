@@ -65,6 +65,11 @@ public:
 
     bool Visible() const { return m_visible; }
     void setVisible(bool visible);
+    // Whether the container currently shows the control's part of itself. A container with
+    // thousands of children keeps only those near its view shown, since Qt's work for a widget
+    // grows with its shown children; Visible is unaffected.
+    bool inView() const { return m_inView; }
+    void setInView(bool inView);
     bool Enabled() const;
     void setEnabled(bool enabled);
     bool TabStop() const;
@@ -107,6 +112,7 @@ protected:
     // Puts the colours on the widget; controls whose colours live elsewhere override it.
     virtual void applyColors();
     void placeWidget();
+    void showWidget();
 
 private:
     bool filterKey(QObject *watched, QEvent *event);
@@ -114,6 +120,7 @@ private:
     QPointer<QWidget> m_widget;
     float m_left = 0, m_top = 0, m_width = 0, m_height = 0;
     bool m_visible = true;
+    bool m_inView = true;
     OleColor m_backColor = SystemColor::WindowBackground;
     OleColor m_foreColor = SystemColor::WindowText;
     QString m_tag;

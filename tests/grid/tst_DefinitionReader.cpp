@@ -364,8 +364,13 @@ private slots:
             QVERIFY(names.size() <= complete.fieldNames().size());
             for (int i = 0; i < names.size(); ++i)
                 QVERIFY2(complete.fieldNames().at(i).startsWith(names.at(i)), qPrintable(names[i]));
-            // Only a cut right after "ADDFIELD" fails, as that line without a name does.
-            QCOMPARE(errors.errors.size(), whole.left(cut).endsWith("\nADDFIELD") ? 1 : 0);
+            // A cut right after "ADDFIELD" fails as that line without a name does; a cut inside a
+            // table or column name fails to read it. Either is reported by the reader, once.
+            QVERIFY(errors.errors.size() <= 1);
+            if (whole.left(cut).endsWith("\nADDFIELD"))
+                QCOMPARE(errors.errors.size(), 1);
+            for (const ReportedError &error : std::as_const(errors.errors))
+                QVERIFY2(error.source.startsWith("Sub 'ReadDef'"), qPrintable(error.source));
         }
     }
 

@@ -357,6 +357,31 @@ private slots:
         QCOMPARE(description.text(), QStringLiteral("About 8"));
     }
 
+    void onlyRowsNearTheViewAreShownWidgets()
+    {
+        GridHost host(4000, 1215);
+        QVERIFY(host.shown);
+        host.addRows(200);
+        host.grid->Refresh(true);
+        auto shown = [&](int row) {
+            return host.grid->Fields()->Item(row)->ValueTextBox()->widget()->isVisible();
+        };
+        // The view of 1215 twips and one view's reach below it end at 2430: rows 1 to 9 (top 2400).
+        QVERIFY(shown(1) && shown(9) && !shown(10) && !shown(200));
+        QVERIFY(host.grid->Fields()->Item(200)->ValueTextBox()->Visible());
+        host.grid->setFirstRow(150);
+        // The view starts at 45000; its reach covers rows 146 (top 43500) to 159 (top 47400).
+        QVERIFY(!shown(145) && shown(146) && shown(159) && !shown(160));
+        // The focus brings a row that is out of view into it.
+        Field *last = host.grid->Fields()->Item(200);
+        last->SetFocus();
+        QCoreApplication::processEvents();
+        QVERIFY(last->ValueTextBox()->hasFocus());
+        QVERIFY(shown(200) && !shown(150));
+        // Row 200 ends at 59700 + 315; it is inside the 1215-high view from row 196 on.
+        QCOMPARE(host.grid->FirstRow(), qint16(196));
+    }
+
     void downAndUpMoveBetweenRows()
     {
         GridHost host;
