@@ -114,9 +114,10 @@ int main(int argc, char **argv)
 
     const std::vector<bench::Row> rows = bench::makeRows(count);
     const QString definition = definitionOf(rows);
-    QVector<QVariant> names, newValues;
+    QVector<QVariant> names, firstValues, newValues;
     for (const bench::Row &row : rows) {
         names.append(QString::fromStdString(row.name));
+        firstValues.append(QString::fromStdString(row.value));
         newValues.append(QString::fromStdString(row.newValue));
     }
     const QString app_ = QStringLiteral("kwFieldDeckBench"), section = QStringLiteral("Grid"),
@@ -147,10 +148,11 @@ int main(int argc, char **argv)
         }
     };
     subject.layout = [&] { ensure().Refresh(true); };
-    subject.setByName = [&] {
+    subject.setByName = [&](int round) {
         kwFieldDeck::Fields *fields = ensure().Fields();
+        const QVector<QVariant> &values = round % 2 ? firstValues : newValues;
         for (int i = 0; i < count; ++i)
-            fields->Item(names[i])->setValue(newValues[i]);
+            fields->Item(names[i])->setValue(values[i]);
     };
     subject.readAll = [&] {
         for (Field *field : *ensure().Fields()) {

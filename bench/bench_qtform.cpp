@@ -120,10 +120,10 @@ int main(int argc, char **argv)
         }
     };
     subject.layout = [&] { ensure().layout(); };
-    subject.setByName = [&] {
+    subject.setByName = [&](int round) {
         Form &form = ensure();
         for (const PreparedRow &row : rows)
-            form.edit(row.name)->setText(row.newValue);
+            form.edit(row.name)->setText(round % 2 ? row.value : row.newValue);
     };
     subject.readAll = [&] {
         for (QLineEdit *edit : ensure().edits()) {

@@ -192,10 +192,10 @@ int main(int argc, char **argv)
         }
     };
     subject.layout = [&] { ensure().layout(); };
-    subject.setByName = [&] {
+    subject.setByName = [&](int round) {
         wxPropertyGrid *grid = ensure().grid();
         for (const PreparedRow &row : rows)
-            grid->SetPropertyValue(row.name, row.newValue);
+            grid->SetPropertyValue(row.name, round % 2 ? row.value : row.newValue);
     };
     subject.readAll = [&] {
         for (auto it = ensure().grid()->GetIterator(); !it.AtEnd(); ++it) {

@@ -28,12 +28,20 @@ public:
         m_byKey.insert(folded, item);
     }
 
-    // A 1-based position or a key; a missing element is error 9 (position) or 5 (key).
-    T *item(const QVariant &indexKey) const { return m_items.at(positionOf(indexKey)); }
+    // A 1-based position or a key; a missing element is error 9 (position) or 5 (key). A key
+    // is one hash lookup, so a host setting every value by name stays linear in the fields.
+    T *item(const QVariant &indexKey) const
+    {
+        if (kindOf(indexKey) == ValueKind::Text)
+            return byKey(indexKey.toString());
+        return m_items.at(position(indexKey));
+    }
 
     void remove(const QVariant &indexKey)
     {
-        const qsizetype at = positionOf(indexKey);
+        const qsizetype at = kindOf(indexKey) == ValueKind::Text
+            ? m_items.indexOf(byKey(indexKey.toString()))
+            : position(indexKey);
         m_byKey.remove(m_keys.at(at));
         m_items.removeAt(at);
         m_keys.removeAt(at);
@@ -50,14 +58,16 @@ public:
     typename QList<T *>::const_iterator end() const { return m_items.cend(); }
 
 private:
-    qsizetype positionOf(const QVariant &indexKey) const
+    T *byKey(const QString &key) const
     {
-        if (kindOf(indexKey) == ValueKind::Text) {
-            T *found = m_byKey.value(indexKey.toString().toCaseFolded());
-            if (!found)
-                raise(ErrInvalidCall);
-            return m_items.indexOf(found);
-        }
+        T *found = m_byKey.value(key.toCaseFolded());
+        if (!found)
+            raise(ErrInvalidCall);
+        return found;
+    }
+
+    qsizetype position(const QVariant &indexKey) const
+    {
         const qint32 position = toInt32(indexKey);
         if (position < 1 || position > m_items.size())
             raise(ErrSubscriptOutOfRange);
