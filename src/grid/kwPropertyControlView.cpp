@@ -1,9 +1,9 @@
 // Rows in view: only the rows within one viewport height of what the viewport shows are shown
-// widgets; the others are hidden until scrolling brings them near. Qt's work for a container
-// (finding the widget under the pointer, passing on update requests, painting) grows with its
-// shown children, so a grid of many thousands of rows would otherwise slow every row's creation,
-// update and paint. Visible, geometry and the tab order of the rows are unaffected, and the
-// margin keeps the neighbouring rows shown so Tab, Up and Down still reach them.
+// widgets on the canvas; the others wait out of view until scrolling brings them near. Qt's work
+// for a container (finding the widget under the pointer, passing on update requests, painting)
+// grows with its children, so a grid of many thousands of rows would otherwise slow every row's
+// creation, update and paint. Visible, geometry and the tab order of the rows are unaffected,
+// and the margin keeps the neighbouring rows shown so Tab, Up and Down still reach them.
 
 #include "grid/kwPropertyControl.h"
 
@@ -24,6 +24,13 @@ void setRowInView(Field *field, bool inView)
         label->setInView(inView);
     if (Control *editor = field->EditorControl())
         editor->setInView(inView);
+}
+
+bool rowHasFocus(Field *field)
+{
+    const Control *editor = field->EditorControl();
+    const TextBox *label = field->FieldNameControl();
+    return (editor && editor->hasFocus()) || (label && label->hasFocus());
 }
 } // namespace
 
@@ -74,13 +81,35 @@ void kwPropertyControl::ShowRowsInView()
             break;
     }
     const QSet<Field *> stayShown(shown.cbegin(), shown.cend());
+    QVector<Field *> keptForFocus;
     for (Field *field : std::as_const(m_RowsShown)) {
-        if (!stayShown.contains(field))
+        if (stayShown.contains(field))
+            continue;
+        // The row with the focus stays, so scrolling away from it does not move the focus.
+        if (rowHasFocus(field))
+            keptForFocus.append(field);
+        else
             setRowInView(field, false);
     }
-    for (Field *field : std::as_const(shown))
-        setRowInView(field, true);
-    m_RowsShown = shown;
+    // Rows coming into view go on top of the others; those above rows already shown are put
+    // back under them, so that each row lies over the one before it as when it was created.
+    const QSet<Field *> wasShown(m_RowsShown.cbegin(), m_RowsShown.cend());
+    const Control *nextRow = nullptr;
+    for (auto it = shown.crbegin(); it != shown.crend(); ++it) {
+        Field *field = *it;
+        TextBox *label = field->FieldNameControl();
+        if (!wasShown.contains(field)) {
+            setRowInView(field, true);
+            if (nextRow) {
+                Control *editor = field->EditorControl();
+                (editor ? editor : static_cast<Control *>(label))->stackUnder(nextRow);
+                if (editor)
+                    label->stackUnder(editor);
+            }
+        }
+        nextRow = label;
+    }
+    m_RowsShown = shown + keptForFocus;
 }
 
 } // namespace kwFieldDeck

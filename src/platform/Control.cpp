@@ -15,6 +15,21 @@ namespace kwFieldDeck {
 
 namespace {
 const char *const wrapperProperty = "_kwControl";
+const char *const holderProperty = "_kwOutOfView";
+
+// The hidden widget in which a container keeps the children that are out of its view. As its
+// child it passes on the container's font and palette unchanged.
+QWidget *holderIn(QWidget *container)
+{
+    auto *holder = qobject_cast<QWidget *>(container->property(holderProperty).value<QObject *>());
+    if (!holder) {
+        holder = new QWidget(container);
+        holder->setObjectName(QLatin1String(holderProperty));
+        holder->hide();
+        container->setProperty(holderProperty, QVariant::fromValue<QObject *>(holder));
+    }
+    return holder;
+}
 
 double logicalDpi(bool horizontal)
 {
@@ -207,7 +222,24 @@ void Control::setInView(bool inView)
     if (m_inView == inView)
         return;
     m_inView = inView;
+    if (m_widget) {
+        // Reparenting within one window keeps the focus chain, so Tab order is unchanged.
+        if (!inView) {
+            m_container = m_widget->parentWidget();
+            if (m_container)
+                m_widget->setParent(holderIn(m_container));
+        } else if (m_container) {
+            m_widget->setParent(m_container);
+            m_container = nullptr;
+        }
+    }
     showWidget();
+}
+
+void Control::stackUnder(const Control *other)
+{
+    if (m_widget && other && other->m_widget)
+        m_widget->stackUnder(other->m_widget);
 }
 
 void Control::showWidget()
@@ -275,12 +307,21 @@ void Control::setToolTipText(const QString &text)
         m_widget->setToolTip(text);
 }
 
-QWidget *Control::Container() const { return m_widget ? m_widget->parentWidget() : nullptr; }
+QWidget *Control::Container() const
+{
+    if (!m_widget)
+        return nullptr;
+    return m_inView ? m_widget->parentWidget() : m_container.data();
+}
 
 void Control::setContainer(QWidget *container)
 {
     if (!m_widget)
         return;
+    if (!m_inView && container) {
+        m_container = container;
+        container = holderIn(container);
+    }
     m_widget->setParent(container);
     placeWidget();
     showWidget();

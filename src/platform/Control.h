@@ -66,10 +66,14 @@ public:
     bool Visible() const { return m_visible; }
     void setVisible(bool visible);
     // Whether the container currently shows the control's part of itself. A container with
-    // thousands of children keeps only those near its view shown, since Qt's work for a widget
-    // grows with its shown children; Visible is unaffected.
+    // thousands of children keeps only those near its view as its own; the others wait in a
+    // hidden holder inside it, since Qt's work for a widget (painting, passing on updates,
+    // finding what lies under the pointer) walks all its children, shown or not. Visible,
+    // Container, geometry and the tab order are unaffected.
     bool inView() const { return m_inView; }
     void setInView(bool inView);
+    // Puts the control's widget just below another one of the same container.
+    void stackUnder(const Control *other);
     bool Enabled() const;
     void setEnabled(bool enabled);
     bool TabStop() const;
@@ -118,6 +122,8 @@ private:
     bool filterKey(QObject *watched, QEvent *event);
 
     QPointer<QWidget> m_widget;
+    // The container while the control is out of its view.
+    QPointer<QWidget> m_container;
     float m_left = 0, m_top = 0, m_width = 0, m_height = 0;
     bool m_visible = true;
     bool m_inView = true;

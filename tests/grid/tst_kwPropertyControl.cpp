@@ -368,18 +368,40 @@ private slots:
         };
         // The view of 1215 twips and one view's reach below it end at 2430: rows 1 to 9 (top 2400).
         QVERIFY(shown(1) && shown(9) && !shown(10) && !shown(200));
-        QVERIFY(host.grid->Fields()->Item(200)->ValueTextBox()->Visible());
+        Field *last = host.grid->Fields()->Item(200);
+        QVERIFY(last->ValueTextBox()->Visible());
+        // Rows out of view keep their container; the canvas itself holds only the rows near it.
+        QCOMPARE(last->ValueTextBox()->Container(), host.picInner()->widget());
+        QCOMPARE(last->FieldNameControl()->Container(), host.picInner()->widget());
+        QVERIFY(host.picInner()->widget()->children().size() < 30);
         host.grid->setFirstRow(150);
         // The view starts at 45000; its reach covers rows 146 (top 43500) to 159 (top 47400).
         QVERIFY(!shown(145) && shown(146) && shown(159) && !shown(160));
+        // Rows brought back lie in row order, each over the one before it.
+        QWidgetList stacked;
+        for (QObject *child : host.picInner()->widget()->children()) {
+            if (auto *widget = qobject_cast<QWidget *>(child); widget && widget->isVisible())
+                stacked << widget;
+        }
+        QCOMPARE(stacked.size(), 2 * 14);
+        for (int row = 146; row <= 159; ++row) {
+            const int at = 2 * (row - 146);
+            QCOMPARE(stacked.at(at), host.grid->Fields()->Item(row)->FieldNameControl()->widget());
+            QCOMPARE(stacked.at(at + 1), host.grid->Fields()->Item(row)->ValueTextBox()->widget());
+        }
         // The focus brings a row that is out of view into it.
-        Field *last = host.grid->Fields()->Item(200);
         last->SetFocus();
         QCoreApplication::processEvents();
         QVERIFY(last->ValueTextBox()->hasFocus());
         QVERIFY(shown(200) && !shown(150));
         // Row 200 ends at 59700 + 315; it is inside the 1215-high view from row 196 on.
         QCOMPARE(host.grid->FirstRow(), qint16(196));
+        // Scrolling away from the row with the focus leaves the focus where it is.
+        host.grid->setFirstRow(0);
+        QCoreApplication::processEvents();
+        QVERIFY(last->ValueTextBox()->hasFocus());
+        QCOMPARE(host.grid->FirstRow(), qint16(0));
+        QVERIFY(shown(1) && !shown(199));
     }
 
     void downAndUpMoveBetweenRows()
