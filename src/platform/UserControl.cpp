@@ -21,17 +21,12 @@ bool &defaultUserMode()
 
 void setDefaultAmbientUserMode(bool userMode) { defaultUserMode() = userMode; }
 
-ControlCollection::ControlCollection(QObject *owner)
-    : m_owner(owner)
-{
-}
-
 Control *ControlCollection::Add(const QString &classId, const QString &name, QWidget *container)
 {
     const QString key = name.toLower();
     if (m_byName.contains(key))
         raise(727, QStringLiteral("There is already a control with the name '%1'").arg(name));
-    Control *control = ClassFactory::create(classId, name, m_owner);
+    Control *control = ClassFactory::create(classId, name, &m_owner);
     control->setContainer(container);
     m_controls.append(control);
     m_byName.insert(key, control);
@@ -45,7 +40,6 @@ Control *ControlCollection::Item(const QString &name) const
 
 UserControl::UserControl(QWidget *parent)
     : QWidget(parent)
-    , m_controls(this)
 {
     applySurfaceColors();
 }

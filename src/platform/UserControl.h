@@ -12,11 +12,11 @@ class Control;
 class PropertyBag;
 
 // The child controls of a user control, by name (compared without regard to case) and in order
-// of creation.
+// of creation. The collection owns them; they are not QObject children of the user control's
+// widget, whose children Qt walks on every pointer move and repaint.
 class ControlCollection
 {
 public:
-    explicit ControlCollection(QObject *owner);
 
     // Creates a control by class identifier under a new name, in the given container.
     Control *Add(const QString &classId, const QString &name, QWidget *container);
@@ -26,7 +26,7 @@ public:
     QVector<Control *>::const_iterator end() const { return m_controls.cend(); }
 
 private:
-    QObject *m_owner;
+    QObject m_owner;
     QVector<Control *> m_controls;
     QHash<QString, Control *> m_byName;
 };
