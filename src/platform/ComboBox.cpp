@@ -4,25 +4,43 @@
 #include "platform/Error.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
 namespace kwFieldDeck {
 
 namespace {
+// A combo box whose drop-down list window is built when it is first opened. Qt builds it at once
+// when a list box's font changes, is set non-editable or gets a size adjust policy: some 23 KiB
+// a box, most of a drop-down row's memory in a grid of thousands. The window takes its font from
+// the box as a child does, so a font reaches it, built or not, without the box's own handling.
+class ListComboBox : public QComboBox
+{
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        if (event->type() == QEvent::FontChange && !isEditable())
+            QWidget::changeEvent(event);
+        else
+            QComboBox::changeEvent(event);
+    }
+};
+
 const bool registered = ClassFactory::registerClass(QLatin1String(ComboBox::ClassId),
     [](const QString &name, QObject *owner) -> Control * { return new ComboBox(name, owner); });
 } // namespace
 
 ComboBox::ComboBox(const QString &name, QObject *owner, qint16 style)
-    : Control(new QComboBox, name, owner)
+    : Control(new ListComboBox, name, owner)
     , m_style(style)
 {
     Q_UNUSED(registered)
     QComboBox *box = comboBox();
-    box->setEditable(style != 2);
+    // A new box is a list already; its geometry is always set, so no size adjust policy.
+    if (style != 2)
+        box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(box, &QComboBox::currentIndexChanged, this, [this] {
         if (!m_quiet)
             emit Click();

@@ -3,6 +3,8 @@
 #include "editors/kwComboField.h"
 #include "platform/ComboBox.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFocusEvent>
 
 using namespace kwFieldDeck;
@@ -78,6 +80,29 @@ private slots:
         QTest::keyClick(box, Qt::Key_Down);
         QCOMPARE(host.editor->Value(), QStringLiteral("7"));
         QCOMPARE(events, QStringList({ "Change", "HasFocus", "Change" }));
+    }
+
+    // The list window is built when first opened, and then shows the entries in the font the
+    // editor was given before, and in any given after.
+    void listWindowShowsTheEditorsFont()
+    {
+        Host host(QStringLiteral("kwComboField"));
+        QVERIFY(host.show());
+        fill(host.editor->ComboControl());
+        auto *box = qobject_cast<QComboBox *>(host.editor->ComboControl()->widget());
+        QFont font = box->font();
+        font.setPointSize(font.pointSize() + 5);
+        host.editor->setFont(font);
+        QCOMPARE(box->font(), font);
+        QVERIFY(!box->findChild<QAbstractItemView *>());
+        box->showPopup();
+        QTRY_VERIFY(box->view()->isVisible());
+        QCOMPARE(box->view()->font(), font);
+        QCOMPARE(box->view()->model()->rowCount(), 4);
+        box->hidePopup();
+        font.setItalic(true);
+        host.editor->setFont(font);
+        QCOMPARE(box->view()->font(), font);
     }
 };
 
