@@ -70,7 +70,13 @@ public:
             float(window->height() * twipsPerPixelY()));
         m_extender->setVisible(true);
     }
-    ~Host() { delete m_extender; }
+    // The grid is a child of the window, which outlives the host: it goes first, then its
+    // extender.
+    ~Host()
+    {
+        delete m_grid;
+        delete m_extender;
+    }
 
     kwPropertyControl *grid() const { return m_grid; }
 
