@@ -44,6 +44,8 @@ class Control : public QObject
     Q_OBJECT
 public:
     Control(QWidget *widget, const QString &name, QObject *owner = nullptr);
+    // Deletes the widget only while no container holds it: a widget in a container goes with
+    // its container, as every child control does when its user control unloads.
     ~Control() override;
 
     // The control that wraps a widget, if any.
