@@ -46,9 +46,9 @@ void kwBrowseFieldControl::setFont(const QFont &font)
     changeProperty("Font", [&] { Text1->setFont(font); });
 }
 
-void kwBrowseFieldControl::SetFocus()
+Control *kwBrowseFieldControl::focusTarget()
 {
-    trap(source("Sub", "SetFocus").constData(), [&] { Text1->SetFocus(); });
+    return Text1;
 }
 
 void kwBrowseFieldControl::setEnabled(bool enabled)
@@ -88,7 +88,7 @@ void kwBrowseFieldControl::UserControl_Resize()
 void kwBrowseFieldControl::btnBrowse_GotFocus()
 {
     // The window becoming active again after the dialog is no new arrival at the button.
-    if (isFocusReturn(btnBrowse))
+    if (btnBrowse->focusReturned())
         return;
     trap(source("Sub", "btnBrowse_GotFocus").constData(), [&] {
         // Arriving at the button opens the dialog at once: intended. A press that brought the

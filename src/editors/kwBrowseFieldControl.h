@@ -20,8 +20,6 @@ public:
     QFont Font() const override;
     void setFont(const QFont &font) override;
 
-    void SetFocus();
-
 signals:
     void Change();
 
@@ -33,6 +31,8 @@ protected:
     void forwardTextKeys();
     virtual void Text1_KeyDown(int &KeyCode, int &Shift);
     void Text1_KeyPress(int &KeyAscii);
+
+    Control *focusTarget() override;
 
     // Opens the editor's dialog.
     virtual void btnBrowse_Click() = 0;

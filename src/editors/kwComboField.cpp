@@ -80,9 +80,9 @@ void kwComboField::setFont(const QFont &font)
     changeProperty("Font", [&] { cbo->setFont(font); });
 }
 
-void kwComboField::SetFocus()
+Control *kwComboField::focusTarget()
 {
-    trap(source("Sub", "SetFocus").constData(), [&] { cbo->SetFocus(); });
+    return cbo;
 }
 
 QVector<kwEditorControl::PersistedProperty> kwComboField::persistedProperties()
@@ -145,7 +145,7 @@ void kwComboField::cbo_Click()
 void kwComboField::cbo_GotFocus()
 {
     // The focus coming back from the closed list or another window is no new arrival.
-    if (isFocusReturn(cbo))
+    if (cbo->focusReturned())
         return;
     trap(source("Sub", "cbo_GotFocus").constData(), [&] {
         // Entering the box always reports a change first, then the focus: intended.

@@ -29,12 +29,11 @@ public:
     QFont Font() const override;
     void setFont(const QFont &font) override;
 
-    void SetFocus();
-
 signals:
     void Change();
 
 protected:
+    Control *focusTarget() override;
     QVector<PersistedProperty> persistedProperties() override;
     void UserControl_InitProperties() override;
     void UserControl_Resize() override;

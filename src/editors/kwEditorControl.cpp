@@ -170,6 +170,19 @@ void kwEditorControl::setScaleMode(qint16 mode)
     changeProperty("ScaleMode", [&] { setSurfaceScaleMode(mode); });
 }
 
+void kwEditorControl::SetFocus()
+{
+    const Control *outer = extender();
+    if (outer && outer->hasFocus())
+        return;
+    trap(source("Sub", "SetFocus").constData(), [&] { require(focusTarget())->SetFocus(); });
+}
+
+Control *kwEditorControl::focusTarget()
+{
+    return extender();
+}
+
 bool kwEditorControl::moveToNeighbourRow(int &KeyCode, const QString &forward)
 {
     switch (KeyCode) {
@@ -184,12 +197,6 @@ bool kwEditorControl::moveToNeighbourRow(int &KeyCode, const QString &forward)
     default:
         return false;
     }
-}
-
-bool kwEditorControl::isFocusReturn(const Control *child)
-{
-    const Qt::FocusReason reason = child->lastFocusReason();
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
 kwEditorControl::PersistedProperty kwEditorControl::colorProperty(const char *name,

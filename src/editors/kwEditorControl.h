@@ -82,6 +82,11 @@ public:
     // QWidget::setVisible must stay the widget's own.
     bool Visible() const;
 
+    // Gives the focus to the child that takes it (focusTarget()). The row-focus routine asks
+    // again from every focus event of its row, so a control that holds the focus already, in
+    // any of its children, keeps it where it is: Tab onto a "..." button stays there.
+    void SetFocus();
+
     // A stored value only; nothing uses it.
     qint32 ContainerHwnd() const { return m_ContainerHwnd; }
     void setContainerHwnd(qint32 hwnd);
@@ -115,6 +120,10 @@ protected:
         return child;
     }
 
+    // The child that SetFocus gives the focus to; by default the host surface itself, through
+    // the extender, as a control without a SetFocus of its own is focused.
+    virtual Control *focusTarget();
+
     // "<kind> '<name>' of User Control '<control>'": the source text of an error report.
     QByteArray source(const char *kind, const char *name) const;
 
@@ -131,10 +140,6 @@ protected:
     // Up and Down leave for the previous or next row by synthesised Shift+Tab and Tab; the key
     // code is zeroed first. Returns whether the key was one of the two.
     static bool moveToNeighbourRow(int &KeyCode, const QString &forward = QStringLiteral("{tab}"));
-
-    // Whether the focus came back because the window became active again (after a dialog, a
-    // menu), rather than by the user moving to the child.
-    static bool isFocusReturn(const Control *child);
 
     // One row of the control's persistence table: the name in the bag, its default, and how the
     // value is taken from and given to its target. Names may repeat; each row is read and

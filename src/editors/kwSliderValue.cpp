@@ -109,13 +109,11 @@ void kwSliderValue::setBorderStyle(qint16 style)
     changeProperty("BorderStyle", [&] { m_BorderStyle = style; });
 }
 
-void kwSliderValue::SetFocus()
+Control *kwSliderValue::focusTarget()
 {
-    trap(source("Sub", "SetFocus").constData(), [&] {
-        if (!m_ActiveControl)
-            m_ActiveControl = txtNum;
-        m_ActiveControl->SetFocus();
-    });
+    if (!m_ActiveControl)
+        m_ActiveControl = txtNum;
+    return m_ActiveControl;
 }
 
 QVector<kwEditorControl::PersistedProperty> kwSliderValue::persistedProperties()

@@ -37,14 +37,13 @@ public:
     qint16 BorderStyle() const override { return m_BorderStyle; }
     void setBorderStyle(qint16 style) override;
 
-    // To the child that last had the focus (the slider until one had it).
-    void SetFocus();
-
 signals:
     void Change();
     void Scroll();
 
 protected:
+    // The child that last had the focus (the slider until one had it).
+    Control *focusTarget() override;
     QVector<PersistedProperty> persistedProperties() override;
     void UserControl_Resize() override;
 

@@ -325,7 +325,7 @@ void Field::FocusRowEditor()
         require(m_ValueNumeric)->SetFocus();
         break;
     case ftCheckBox:
-        require(m_ValueCheckBox)->setFocus(Qt::OtherFocusReason);
+        require(m_ValueCheckBox)->SetFocus();
         break;
     case ftCombo:
         require(m_ValueComboBox)->SetFocus();

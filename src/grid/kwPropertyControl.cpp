@@ -40,6 +40,8 @@ kwPropertyControl::kwPropertyControl(QWidget *parent)
     // The canvas grows downwards with every row; only what newly comes into view needs painting,
     // not the whole visible canvas once per added row.
     picInner->widget()->setAttribute(Qt::WA_StaticContents);
+    paintThrough(picOuter->widget());
+    paintThrough(picInner->widget());
     VScroll1->setWidth(255);
     connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControl::VScroll1_Change);
     connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControl::VScroll1_Scroll);

@@ -92,6 +92,9 @@ void ComboBox::setListIndex(int index)
 {
     if (index < -1 || index >= ListCount())
         raise(380, QStringLiteral("Invalid property value"));
+    // Setting the index delivers the click notification even when it does not move.
+    if (index == ListIndex() && !m_quiet)
+        emit Click();
     comboBox()->setCurrentIndex(index);
 }
 

@@ -7,8 +7,9 @@ class QComboBox;
 namespace kwFieldDeck {
 
 // The standard combo box: a list of entries, each a display text with a 32-bit item datum, and
-// the selected one (ListIndex, -1 for none). Click comes when the selection changes, by the user
-// or by setting ListIndex; adding and clearing entries select nothing by themselves.
+// the selected one (ListIndex, -1 for none). Click comes when the user changes the selection and
+// whenever ListIndex is set, to a new entry or the one already selected; adding and clearing
+// entries select nothing by themselves.
 class ComboBox : public Control
 {
     Q_OBJECT

@@ -330,6 +330,10 @@ void Control::setContainer(QWidget *container)
 void Control::SetFocus()
 {
     QWidget *w = require(m_widget.data());
+    // The row-focus routine asks again from every focus event of its row; a control that holds
+    // the focus already, itself or in a child, keeps it where it is.
+    if (hasFocus())
+        return;
     if (!m_visible || !w->isEnabled())
         raise(ErrInvalidCall, QStringLiteral("Invalid procedure call or argument"));
     // A control out of its container's view is shown for the focus; the container then brings
@@ -345,8 +349,18 @@ bool Control::hasFocus() const
 {
     if (!m_widget)
         return false;
-    const QWidget *focus = QApplication::focusWidget();
+    // The window's focus widget, which keeps the focus while a dialog or another window is
+    // active and gets it back when the window is active again.
+    const QWidget *focus = m_widget->window()->focusWidget();
     return focus && (focus == m_widget || m_widget->isAncestorOf(focus));
+}
+
+bool Control::focusReturned() const
+{
+    const auto awayToWindow = [](Qt::FocusReason reason) {
+        return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    };
+    return awayToWindow(m_focusReason) && awayToWindow(m_lostFocusReason);
 }
 
 bool Control::eventFilter(QObject *watched, QEvent *event)
@@ -359,6 +373,7 @@ bool Control::eventFilter(QObject *watched, QEvent *event)
         emit GotFocus();
         break;
     case QEvent::FocusOut:
+        m_lostFocusReason = static_cast<QFocusEvent *>(event)->reason();
         emit LostFocus();
         break;
     case QEvent::KeyPress:
@@ -372,6 +387,22 @@ bool Control::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+// The character a key press types, as key handlers saw it: Ctrl with a letter types the control
+// character (Ctrl+C 3, Ctrl+V 22, Ctrl+X 24), so that key filters can refuse a paste. Tab is the
+// focus's, not a character; 0 for a key that types nothing.
+int typedCharacter(const QKeyEvent &key)
+{
+    const Qt::KeyboardModifiers modifiers = key.modifiers();
+    if ((modifiers & Qt::ControlModifier) && !(modifiers & Qt::AltModifier)
+        && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z)
+        return 1 + (key.key() - Qt::Key_A);
+    const QString text = key.text();
+    if (text.size() != 1 || text[0] == QLatin1Char('\t'))
+        return 0;
+    const QChar c = text[0];
+    return c.isPrint() || c.unicode() < 32 ? c.unicode() : 0;
 }
 
 // Key down, then the typed character; a handler that zeroes either swallows the key. A handler
@@ -399,13 +430,9 @@ bool Control::filterKey(QObject *watched, QEvent *event)
         if (code == 0)
             return true;
     }
-    const QString text = key->text();
-    const bool typed = text.size() == 1
-        && (text[0].isPrint() || text[0] == QLatin1Char('\b') || text[0] == QLatin1Char('\r')
-            || text[0] == QChar(27));
-    if (!typed)
+    int ascii = typedCharacter(*key);
+    if (!ascii)
         return false;
-    int ascii = text[0].unicode();
     const int original = ascii;
     emit KeyPress(ascii);
     if (ascii == 0)

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+class QKeyEvent;
+
 namespace kwFieldDeck {
 
 // Twips per screen pixel (1440 / logical DPI; 15 at 96 DPI).
@@ -33,6 +35,7 @@ constexpr int Shift = 1, Ctrl = 2, Alt = 4;
 } // namespace ShiftState
 
 int keyCodeOf(int qtKey);
+int typedCharacter(const QKeyEvent &key);
 int shiftStateOf(Qt::KeyboardModifiers modifiers);
 
 // A child control as the system sees it: a name, a container, geometry in the container's units
@@ -98,11 +101,15 @@ public:
     QWidget *Container() const;
     void setContainer(QWidget *container);
 
-    // Gives the focus; a hidden or disabled control cannot take it (error 5).
+    // Gives the focus; a hidden or disabled control cannot take it (error 5). A control that
+    // holds the focus already, itself or in a child, ignores the request.
     void SetFocus();
     bool hasFocus() const;
     // How the focus last arrived (Tab, Shift+Tab, mouse, ...).
     Qt::FocusReason lastFocusReason() const { return m_focusReason; }
+    // Whether the focus last came back after another window or a popup (a dialog, a drop-down
+    // list) took it away, rather than arriving anew.
+    bool focusReturned() const;
 
 signals:
     void GotFocus();
@@ -133,6 +140,7 @@ private:
     OleColor m_foreColor = SystemColor::WindowText;
     QString m_tag;
     Qt::FocusReason m_focusReason = Qt::OtherFocusReason;
+    Qt::FocusReason m_lostFocusReason = Qt::OtherFocusReason;
     bool m_resending = false;
 };
 

@@ -6,8 +6,24 @@
 
 namespace kwFieldDeck {
 
+namespace {
+// One Tab leaves the picker, as it leaves every other row's editor; Left and Right move
+// between the day, month and year.
+class RowDateEdit : public QDateEdit
+{
+public:
+    RowDateEdit()
+        : QDateEdit(QDate::currentDate())
+    {
+    }
+
+protected:
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+};
+} // namespace
+
 DatePicker::DatePicker(const QString &name, QObject *owner)
-    : Control(new QDateEdit(QDate::currentDate()), name, owner)
+    : Control(new RowDateEdit, name, owner)
 {
     QDateEdit *edit = dateEdit();
     edit->setCalendarPopup(true);

@@ -114,6 +114,26 @@ void UserControl::initNew() { UserControl_InitProperties(); }
 void UserControl::readProperties(PropertyBag &bag) { UserControl_ReadProperties(bag); }
 void UserControl::writeProperties(PropertyBag &bag) const { UserControl_WriteProperties(bag); }
 
+void UserControl::paintThrough(QWidget *child)
+{
+    child->installEventFilter(this);
+}
+
+bool UserControl::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Paint && !m_paintPending) {
+        m_paintPending = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_paintPending = false;
+                UserControl_Paint();
+            },
+            Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void UserControl::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

@@ -88,6 +88,12 @@ protected:
     virtual void UserControl_Paint() {}
     virtual void UserControl_Click() {}
 
+    // The paint handler also runs when this child, which covers the surface, is painted: the
+    // surface hears of every expose and update of its area, covered or not. It runs once the
+    // painting is done, since it may lay the children out.
+    void paintThrough(QWidget *child);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -101,6 +107,7 @@ private:
     int m_borderStyle = 0;
     int m_scaleMode = 1;
     int m_userMode = -1; // -1: ask the container
+    bool m_paintPending = false;
 };
 
 // The run mode that user controls report when neither they nor a container say otherwise.

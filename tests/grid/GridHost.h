@@ -21,7 +21,7 @@ namespace kwFieldDeck::test {
 class GridHost
 {
 public:
-    explicit GridHost(float width = 4000, float height = 1215)
+    explicit GridHost(float width = 4000, float height = 1215, bool show = true)
     {
         window.resize(twipsToPixelsX(width) + 40, twipsToPixelsY(height) + 40);
         Control *extender = ClassFactory::create(
@@ -30,10 +30,17 @@ public:
         extender->Move(0, 0, width, height);
         extender->setVisible(true);
         grid = qobject_cast<kwPropertyControl *>(extender->widget());
-        // The grid lays itself out when it is first resized, which happens when it is shown.
+        if (show)
+            this->show();
+    }
+
+    // The grid lays itself out when it is first resized, which happens when it is shown.
+    bool show()
+    {
         window.show();
         window.activateWindow();
         shown = QTest::qWaitForWindowActive(&window);
+        return shown;
     }
 
     Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},

@@ -1,0 +1,191 @@
+#pragma once
+
+// A grid as a user meets it: shown in an active top-level window, with a description label, one
+// row of every field type, and the dialogs and the memo window answered through their seams.
+
+#include "grid/GridHost.h"
+#include "memo/ModalShowDriver.h"
+
+#include "editors/kwEditorControl.h"
+#include "fieldmodel/DropDownValues.h"
+#include "platform/Dialogs.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QLabel>
+
+namespace kwFieldDeck::test {
+
+struct FieldKind
+{
+    lFieldTypes type;
+    const char *name;
+};
+
+inline const QVector<FieldKind> &everyFieldType()
+{
+    static const QVector<FieldKind> kinds = {
+        { ftText, "Text" },
+        { ftNumeric, "Numeric" },
+        { ftCheckBox, "CheckBox" },
+        { ftCombo, "Combo" },
+        { ftDate, "Date" },
+        { ftSlider, "Slider" },
+        { ftFileSelector, "FileSelector" },
+        { ftFolderSelector, "FolderSelector" },
+        { ftMemo, "Memo" },
+    };
+    return kinds;
+}
+
+// Whether arriving at the type's "..." button opens its dialog or window.
+inline bool hasBrowseButton(int type)
+{
+    return type == ftFileSelector || type == ftFolderSelector || type == ftMemo;
+}
+
+class UserGrid : public GridHost
+{
+public:
+    explicit UserGrid(float height = 2400, bool show = true)
+        : GridHost(5000, height, show)
+        , m_openFile(Dialogs::setOpenFileHandler([this](const Dialogs::OpenFileRequest &) {
+            ++dialogs;
+            return dialogAnswer;
+        }))
+        , m_browseFolder(Dialogs::setBrowseFolderHandler([this](const Dialogs::BrowseFolderRequest &) {
+            ++dialogs;
+            return dialogAnswer;
+        }))
+        , m_memoWindow([this](Form &form) {
+            ++dialogs;
+            form.Hide();
+            // The desktop hands the activation back to the window the memo window came from.
+            window.activateWindow();
+        })
+    {
+        grid->setDescriptionLabel(&description);
+    }
+
+    ~UserGrid()
+    {
+        Dialogs::setOpenFileHandler(std::move(m_openFile));
+        Dialogs::setBrowseFolderHandler(std::move(m_browseFolder));
+    }
+
+    // Closes a drop-down list or calendar that is open, as a user who picks nothing does, and
+    // gives the activation back to the grid's window as the desktop would.
+    void closePopup()
+    {
+        QWidget *popup = QApplication::activePopupWidget();
+        if (!popup)
+            return;
+        QTest::keyClick(popup, Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        window.activateWindow();
+        QTest::qWaitForWindowActive(&window);
+    }
+
+    // A field of the type with a typical value; its description names it.
+    Field *addOfType(int type, const QString &name)
+    {
+        Field *field = add(name, lFieldTypes(type), {}, QStringLiteral("About ") + name);
+        switch (type) {
+        case ftText:
+            field->setValue(QStringLiteral("abc"));
+            break;
+        case ftNumeric:
+            field->setValue(12);
+            break;
+        case ftCheckBox:
+            field->setValue(1);
+            break;
+        case ftCombo:
+            field->DropDownValues()->Add(QStringLiteral("1"), QStringLiteral("One"));
+            field->DropDownValues()->Add(QStringLiteral("2"), QStringLiteral("Two"));
+            field->setValue(2);
+            break;
+        case ftDate:
+            field->setValue(QDate(2024, 5, 6));
+            break;
+        case ftSlider:
+            field->setMin(0);
+            field->setMax(10);
+            field->setValue(5);
+            break;
+        case ftFileSelector:
+        case ftFolderSelector:
+            field->setValue(QStringLiteral("/tmp"));
+            break;
+        case ftMemo:
+            field->setValue(QStringLiteral("one\r\ntwo"));
+            break;
+        }
+        return field;
+    }
+
+    void addEveryType(const QString &suffix = {})
+    {
+        for (const FieldKind &kind : everyFieldType())
+            addOfType(kind.type, QLatin1String(kind.name) + suffix);
+    }
+
+    static QWidget *editorOf(const Field *field) { return field->EditorControl()->widget(); }
+
+    // The field whose editor holds the focus, or null.
+    Field *focusedField() const
+    {
+        const QWidget *focus = QApplication::focusWidget();
+        for (Field *field : *grid->Fields()) {
+            const QWidget *editor = editorOf(field);
+            if (focus && (focus == editor || editor->isAncestorOf(focus)))
+                return field;
+        }
+        return nullptr;
+    }
+
+    // The fields whose name cells show the highlight.
+    QVector<Field *> highlighted() const
+    {
+        QVector<Field *> rows;
+        for (Field *field : *grid->Fields()) {
+            if (field->FieldNameControl()->BackColor() != grid->FieldNameBackColor())
+                rows << field;
+        }
+        return rows;
+    }
+
+    // The children of a row's editor that take the focus from a click, in creation order.
+    static QVector<Control *> focusableParts(const Field *field)
+    {
+        QVector<Control *> parts;
+        if (auto *editor = qobject_cast<kwEditorControl *>(editorOf(field))) {
+            for (Control *child : editor->Controls()) {
+                if (child->widget()->focusPolicy() & Qt::ClickFocus)
+                    parts << child;
+            }
+        } else {
+            parts << field->EditorControl();
+        }
+        return parts;
+    }
+
+    QLabel description;
+    // Message boxes are answered, never left waiting for a user.
+    MessageRecorder messages;
+    int dialogs = 0;
+    QString dialogAnswer;
+
+private:
+    Dialogs::OpenFileHandler m_openFile;
+    Dialogs::BrowseFolderHandler m_browseFolder;
+    ModalShowDriver m_memoWindow;
+};
+
+// A point inside a widget where a click takes the focus without opening a list or a calendar.
+inline QPoint pointToClick(const QWidget *widget)
+{
+    return QPoint(qMin(5, widget->width() / 2), widget->height() / 2);
+}
+
+} // namespace kwFieldDeck::test
