@@ -24,22 +24,81 @@ QString encoded(const QString &name)
     return QString::fromLatin1(name.toUtf8().toPercentEncoding());
 }
 
+QString decoded(const QString &storedName)
+{
+    if (storedName == QLatin1String("%"))
+        return QString();
+    return QString::fromUtf8(QByteArray::fromPercentEncoding(storedName.toUtf8()));
+}
+
+// The platform's own per-user store ignores letter case in every name.
+bool sameName(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// Of the names stored, the one that addresses name: its own spelling, else the first spelling
+// that differs only in letter case; empty when there is none.
+QString storedName(const QStringList &stored, const QString &name)
+{
+    const QString exact = encoded(name);
+    if (stored.contains(exact))
+        return exact;
+    for (const QString &candidate : stored) {
+        if (sameName(decoded(candidate), name))
+            return candidate;
+    }
+    return QString();
+}
+
+QString storeFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QStringLiteral("/kwFieldDeck");
+}
+
+constexpr int LongestBaseName = 200;
+
+// The end of a long application's file name: a digest of the whole name, taken without regard
+// to letter case so that every spelling finds the same file.
+QString digestEnd(const QString &appName)
+{
+    const QByteArray digest
+        = QCryptographicHash::hash(appName.toCaseFolded().toUtf8(), QCryptographicHash::Sha256);
+    return QLatin1Char('-') + QString::fromLatin1(digest.toHex());
+}
+
 // A file name stays within the 255 bytes that Linux file systems allow: long application names
-// keep a readable start and end in a digest of the whole name.
+// keep a readable start and end in a digest.
 QString fileBaseName(const QString &appName)
 {
     const QString name = encoded(appName);
-    constexpr int longest = 200;
-    if (name.size() <= longest)
+    if (name.size() <= LongestBaseName)
         return name;
-    const QByteArray digest
-        = QCryptographicHash::hash(appName.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return name.left(80) + QLatin1Char('-') + QString::fromLatin1(digest);
+    return name.left(80) + digestEnd(appName);
 }
 
-QString settingKey(const QString &section, const QString &key)
+// Whether a store file, by its name, belongs to the application in any letter case.
+bool belongsTo(const QString &fileName, const QString &appName)
 {
-    return encoded(section) + QLatin1Char('/') + encoded(key);
+    const QString baseName = fileName.chopped(4);
+    if (encoded(appName).size() <= LongestBaseName)
+        return sameName(decoded(baseName), appName);
+    const QString end = digestEnd(appName);
+    return baseName.size() == 80 + end.size() && baseName.endsWith(end);
+}
+
+// The key in the file that addresses section and key: the spelling first written there, in
+// whatever letter case they are asked for now.
+QString settingKey(QSettings &settings, const QString &section, const QString &key)
+{
+    const QString group = storedName(settings.childGroups(), section);
+    if (group.isEmpty())
+        return encoded(section) + QLatin1Char('/') + encoded(key);
+    settings.beginGroup(group);
+    const QString name = storedName(settings.childKeys(), key);
+    settings.endGroup();
+    return group + QLatin1Char('/') + (name.isEmpty() ? encoded(key) : name);
 }
 
 [[noreturn]] void raiseAccessError(const QString &path, const QString &why)
@@ -64,9 +123,17 @@ void requireWritable(const QString &path)
 
 QString filePath(const QString &appName)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/kwFieldDeck");
-    return folder + QLatin1Char('/') + fileBaseName(appName) + QStringLiteral(".ini");
+    const QString folder = storeFolder();
+    const QString path = folder + QLatin1Char('/') + fileBaseName(appName) + QStringLiteral(".ini");
+    if (QFileInfo::exists(path))
+        return path;
+    const QDir store(folder);
+    const QStringList files = store.entryList({ QStringLiteral("*.ini") }, QDir::Files, QDir::Name);
+    for (const QString &file : files) {
+        if (belongsTo(file, appName))
+            return store.filePath(file);
+    }
+    return path;
 }
 
 QString GetSetting(
@@ -78,8 +145,9 @@ QString GetSetting(
     const QFileInfo file(path);
     if (!file.isFile() || !file.isReadable())
         return defaultValue;
-    const QSettings settings(path, QSettings::IniFormat);
-    const QVariant stored = settings.value(settingKey(section, key));
+    // Lines that QSettings cannot read are passed over; the rest is read as usual.
+    QSettings settings(path, QSettings::IniFormat);
+    const QVariant stored = settings.value(settingKey(settings, section, key));
     if (!stored.isValid())
         return defaultValue;
     // A line edited by hand as a list reads back as the text it was.
@@ -95,9 +163,9 @@ void SaveSetting(
     requireWritable(path);
 
     QSettings settings(path, QSettings::IniFormat);
+    const QString name = settingKey(settings, section, key);
     // The file is replaced through a temporary one, never written in place.
     settings.setAtomicSyncRequired(true);
-    const QString name = settingKey(section, key);
     const QVariant previous = settings.value(name);
     settings.setValue(name, value);
     settings.sync();
