@@ -5,9 +5,12 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+
+#include <memory>
 
 namespace kwFieldDeck::SettingsStore {
 
@@ -119,6 +122,98 @@ void requireWritable(const QString &path)
     if (!probe.open())
         raiseAccessError(path, probe.errorString());
 }
+
+// A copy of the store's bytes under a name of its own: QSettings tells of lines that it cannot
+// read only when it reads a file first, not when it hands out what it read before.
+struct Snapshot
+{
+    QByteArray bytes;
+    std::unique_ptr<QTemporaryFile> copy;
+};
+
+Snapshot snapshotOf(const QString &path)
+{
+    Snapshot snapshot;
+    QFile store(path);
+    snapshot.copy = std::make_unique<QTemporaryFile>(
+        QFileInfo(path).absolutePath() + QStringLiteral("/.kwFieldDeck-XXXXXX"));
+    if (!store.open(QIODevice::ReadOnly) || !snapshot.copy->open())
+        raiseAccessError(path, QStringLiteral("the file cannot be read"));
+    snapshot.bytes = store.readAll();
+    if (snapshot.copy->write(snapshot.bytes) != snapshot.bytes.size() || !snapshot.copy->flush())
+        raiseAccessError(path, snapshot.copy->errorString());
+    return snapshot;
+}
+
+// The damaged bytes, whole, under the first free name beside the store; empty when no such file
+// can be written.
+QString keepAside(const QString &path, const QByteArray &bytes)
+{
+    for (int n = 0; n < 1000; ++n) {
+        QString name = path + QStringLiteral(".damaged");
+        if (n > 0)
+            name += QLatin1Char('.') + QString::number(n);
+        // An earlier damaged file is never overwritten.
+        QFile aside(name);
+        if (!aside.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+            if (aside.exists() || QFileInfo(name).isSymLink())
+                continue;
+            return QString();
+        }
+        // The copy is no easier for others to read than the file was.
+        aside.setPermissions(QFileInfo(path).permissions());
+        if (aside.write(bytes) == bytes.size() && aside.flush())
+            return name;
+        aside.remove();
+        return QString();
+    }
+    return QString();
+}
+
+// Writes every readable value of the damaged store and the new one to a file of its own, then
+// puts that in the store's place; false when that cannot be done, the store unchanged.
+bool replaceDamaged(
+    const QString &path, QSettings &earlier, const QString &name, const QString &value)
+{
+    QTemporaryFile fresh(QFileInfo(path).absolutePath() + QStringLiteral("/.kwFieldDeck-XXXXXX"));
+    if (!fresh.open())
+        return false;
+    {
+        QSettings settings(fresh.fileName(), QSettings::IniFormat);
+        const QStringList keys = earlier.allKeys();
+        for (const QString &key : keys)
+            settings.setValue(key, earlier.value(key));
+        settings.setValue(name, value);
+        settings.sync();
+        if (settings.status() != QSettings::NoError)
+            return false;
+    }
+    QFile written(fresh.fileName());
+    if (!written.open(QIODevice::ReadOnly))
+        return false;
+    QSaveFile store(path);
+    return store.open(QIODevice::WriteOnly) && store.write(written.readAll()) == written.size()
+        && store.commit();
+}
+
+// Rewriting a store that holds lines QSettings cannot read would drop them, and whatever anyone
+// wrote there: the damaged file is kept whole beside the new one, and the error says where.
+[[noreturn]] void saveOverDamaged(const QString &path, const QByteArray &damaged,
+    QSettings &earlier, const QString &name, const QString &value)
+{
+    const QString aside = keepAside(path, damaged);
+    if (aside.isEmpty())
+        raiseAccessError(path,
+            QStringLiteral("it holds lines that cannot be read, and no copy of it can be kept"));
+    if (!replaceDamaged(path, earlier, name, value)) {
+        QFile::remove(aside);
+        raiseAccessError(path, QStringLiteral("the file cannot be replaced"));
+    }
+    raiseAccessError(path,
+        QStringLiteral("it held lines that cannot be read; the earlier file is kept whole as %1, "
+                       "and the new value is stored")
+            .arg(aside));
+}
 } // namespace
 
 QString filePath(const QString &appName)
@@ -161,6 +256,15 @@ void SaveSetting(
 {
     const QString path = filePath(appName);
     requireWritable(path);
+
+    if (QFileInfo(path).isFile()) {
+        const Snapshot snapshot = snapshotOf(path);
+        QSettings earlier(snapshot.copy->fileName(), QSettings::IniFormat);
+        (void)earlier.allKeys(); // every section is read, so that the status tells of them all
+        if (earlier.status() == QSettings::FormatError)
+            saveOverDamaged(
+                path, snapshot.bytes, earlier, settingKey(earlier, section, key), value);
+    }
 
     QSettings settings(path, QSettings::IniFormat);
     const QString name = settingKey(settings, section, key);

@@ -16,7 +16,9 @@ QString GetSetting(const QString &appName, const QString &section, const QString
     const QString &defaultValue = QString());
 
 // Stores the text, replacing what was there. The file is replaced atomically; a store that
-// cannot be written fails with error 75 and leaves the previous file whole.
+// cannot be written fails with error 75 and leaves the previous file whole. A file that holds
+// lines the store cannot read is kept whole beside the new one (<file>.damaged, or .damaged.N
+// when that is taken), and error 75 names it after the text and every readable value are stored.
 void SaveSetting(
     const QString &appName, const QString &section, const QString &key, const QString &value);
 
