@@ -129,6 +129,24 @@ void tst_FormProgram::presetsAreStoredAndComeBackInTheNextRun()
         = run(store + QStringList { "--set", "Size=99", "--screenshot", png, "three.kwdef" }, {},
             environment);
     QCOMPARE(lines(third.out), preset.mid(0, 2) + QStringList { "Size=99" });
+    // A note written by hand at the top of the store is kept, whole, beside the next save.
+    QFile file(config.filePath("kwFieldDeck/FormTest.ini"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray damaged = "# my settings\n" + file.readAll();
+    file.close();
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(damaged) == damaged.size());
+    file.close();
+    const Run fourth
+        = run(store + QStringList { "--set", "Size=5", "--screenshot", png, "three.kwdef" }, {},
+            environment);
+    QCOMPARE(fourth.exitCode, 0);
+    QVERIFY2(fourth.err.contains(file.fileName() + ".damaged"), qPrintable(fourth.err));
+    QFile aside(file.fileName() + ".damaged");
+    QVERIFY(aside.open(QIODevice::ReadOnly));
+    QCOMPARE(aside.readAll(), damaged);
+    const Run fifth
+        = run(store + QStringList { "--screenshot", png, "three.kwdef" }, {}, environment);
+    QCOMPARE(lines(fifth.out), preset.mid(0, 2) + QStringList { "Size=5" });
 }
 
 void tst_FormProgram::whatCannotRunExitsTwoWithAReason_data()

@@ -166,6 +166,61 @@ private slots:
         QCOMPARE(textOf(field->Value()), QStringLiteral("earlier\r\nvalue"));
     }
 
+    void aDamagedStoreIsReadAndKeptWholeBesideTheNextSave_data()
+    {
+        QTest::addColumn<QByteArray>("damage");
+        QTest::newRow("note line") << QByteArray("# my settings\n");
+        QTest::newRow("line without =") << QByteArray("no equals sign\n");
+        QTest::newRow("unclosed section") << QByteArray("[section\n");
+        QTest::newRow("NUL byte") << QByteArray("\0\n", 2);
+        QTest::newRow("100 KB line") << QByteArray(100 * 1024, 'x') + '\n';
+    }
+
+    void aDamagedStoreIsReadAndKeptWholeBesideTheNextSave()
+    {
+        QFETCH(QByteArray, damage);
+        const QString path = SettingsStore::filePath(App);
+        GridHost host;
+        Field *field = host.add("Server", ftText, "first");
+        host.grid->SaveValuesToRegistry(App, Section, Setting);
+        SettingsStore::SaveSetting(App, QStringLiteral("Other"), Setting, QStringLiteral("kept"));
+        // A second damage after the first save keeps both damaged files.
+        for (const QString &aside : { path + ".damaged", path + ".damaged.1" }) {
+            const QByteArray damaged = damage + contentsOf(path);
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(damaged) == damaged.size());
+            file.close();
+
+            // Restoring reads what can be read and writes nothing.
+            field->setValue(QStringLiteral("none"));
+            ErrorRecorder errors;
+            host.grid->GetValuesFromRegistry(App, Section, Setting);
+            QCOMPARE(errors.errors.size(), 0);
+            QCOMPARE(textOf(field->Value()), QStringLiteral("first"));
+            QCOMPARE(contentsOf(path), damaged);
+            QVERIFY(!QFileInfo::exists(aside));
+
+            // Saving stores the new value and every readable one, keeps the damaged file whole
+            // beside the store and says where.
+            field->setValue(QStringLiteral("second"));
+            host.grid->SaveValuesToRegistry(App, Section, Setting);
+            QCOMPARE(errors.errors.size(), 1);
+            QCOMPARE(errors.errors[0].number, 75);
+            QVERIFY2(errors.errors[0].description.contains(aside),
+                qPrintable(errors.errors[0].description));
+            QCOMPARE(contentsOf(aside), damaged);
+            QCOMPARE(
+                SettingsStore::GetSetting(App, Section, Setting), QStringLiteral("Server=second"));
+            QCOMPARE(SettingsStore::GetSetting(App, QStringLiteral("Other"), Setting),
+                QStringLiteral("kept"));
+            field->setValue(QStringLiteral("first"));
+            host.grid->SaveValuesToRegistry(App, Section, Setting);
+            QCOMPARE(errors.errors.size(), 1);
+        }
+        QCOMPARE(
+            QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden).size(), 3);
+    }
+
 private:
     std::unique_ptr<QTemporaryDir> m_config;
 };

@@ -27,6 +27,8 @@ class tst_SettingsStore : public QObject
 private slots:
     void init();
     void anyTextRoundTripsAsANameOrAValue();
+    void namesMatchWithoutRegardToLetterCase_data();
+    void namesMatchWithoutRegardToLetterCase();
     void aStoreThatCannotBeWrittenFailsAndStaysWhole_data();
     void aStoreThatCannotBeWrittenFailsAndStaysWhole();
 
@@ -44,8 +46,8 @@ void tst_SettingsStore::anyTextRoundTripsAsANameOrAValue()
 {
     // Names that look alike in a settings file each address a value of their own.
     const QStringList texts = { QString(), QStringLiteral("a/b"), QStringLiteral("a\\b"),
-        QStringLiteral("a%2Fb"), QStringLiteral("A"), QStringLiteral("a"),
-        QStringLiteral("Name=x=y"), QStringLiteral("a\r\nb\r\n"), QStringLiteral("a%CRLF%b"),
+        QStringLiteral("a%2Fb"), QStringLiteral("a"), QStringLiteral("Name=x=y"),
+        QStringLiteral("a\r\nb\r\n"), QStringLiteral("a%CRLF%b"),
         QStringLiteral("Gr\u00FC\u00DFe \u65E5\u672C \U0001F389"), QStringLiteral("[General]"),
         QStringLiteral("@Variant(\\0\\x7f) #x ;y"), QStringLiteral("a") + QChar(0) + QChar(0x7f) };
     const QString app = QStringLiteral("RoundTrip"), s = QStringLiteral("S"),
@@ -62,6 +64,59 @@ void tst_SettingsStore::anyTextRoundTripsAsANameOrAValue()
     }
     QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("none"), QStringLiteral("dflt")),
         QStringLiteral("dflt"));
+}
+
+void tst_SettingsStore::namesMatchWithoutRegardToLetterCase_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QStringList>("spellings");
+    const QString longName = QString(250, QLatin1Char('x')) + QStringLiteral("\u00C4pfel");
+    QTest::newRow("application") << 0 << QStringList { "MyApp", "myapp", "MYAPP" };
+    QTest::newRow("non-ASCII application")
+        << 0
+        << QStringList { "\u00C4pfel \u00DCbung", "\u00E4PFEL \u00FCBUNG",
+               "\u00E4pfel \u00FCbung" };
+    QTest::newRow("long application")
+        << 0 << QStringList { longName, longName.toUpper(), longName.toLower() };
+    QTest::newRow("section") << 1 << QStringList { "Grid", "grid", "GRID" };
+    QTest::newRow("key") << 2 << QStringList { "Values", "values", "VALUES" };
+}
+
+void tst_SettingsStore::namesMatchWithoutRegardToLetterCase()
+{
+    QFETCH(int, level);
+    QFETCH(QStringList, spellings);
+    // The application, section and key, with the level under test spelled as asked.
+    auto address = [&](int spelling) {
+        QStringList names { "App", "Section", "Key" };
+        names[level] = spellings[spelling];
+        return names;
+    };
+    auto save = [&](int spelling, const QString &value) {
+        const QStringList n = address(spelling);
+        SettingsStore::SaveSetting(n[0], n[1], n[2], value);
+    };
+    auto get = [&](int spelling) {
+        const QStringList n = address(spelling);
+        return SettingsStore::GetSetting(n[0], n[1], n[2], QStringLiteral("dflt"));
+    };
+    save(0, QStringLiteral("first"));
+    QCOMPARE(get(1), QStringLiteral("first"));
+    save(1, QStringLiteral("second"));
+    QCOMPARE(get(2), QStringLiteral("second"));
+    QCOMPARE(get(0), QStringLiteral("second"));
+    // One file, one entry: the spelling first written is kept.
+    const QString path = SettingsStore::filePath(address(0)[0]);
+    QCOMPARE(SettingsStore::filePath(address(2)[0]), path);
+    QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
+        QStringList { QFileInfo(path).fileName() });
+    const QByteArray contents = contentsOf(path);
+    QCOMPARE(contents.count("second"), 1);
+    QVERIFY2(!contents.contains("first"), contents.constData());
+    if (level > 0) {
+        QVERIFY2(contents.contains(spellings[0].toLatin1()), contents.constData());
+        QVERIFY2(!contents.contains(spellings[1].toLatin1()), contents.constData());
+    }
 }
 
 void tst_SettingsStore::aStoreThatCannotBeWrittenFailsAndStaysWhole_data()
