@@ -55,7 +55,7 @@ protected:
 
     void keyPressEvent(QKeyEvent *event) override
     {
-        if (event->matches(QKeySequence::Paste)) {
+        if (userMaxLength > 0 && event->matches(QKeySequence::Paste)) {
             pasteFitting(QClipboard::Clipboard);
             event->accept();
             return;
@@ -87,7 +87,7 @@ protected:
 
     void mouseReleaseEvent(QMouseEvent *event) override
     {
-        if (event->button() == Qt::MiddleButton && !isReadOnly()
+        if (userMaxLength > 0 && event->button() == Qt::MiddleButton && !isReadOnly()
             && QGuiApplication::clipboard()->supportsSelection()) {
             deselect();
             pasteFitting(QClipboard::Selection);
@@ -98,6 +98,10 @@ protected:
 
     void contextMenuEvent(QContextMenuEvent *event) override
     {
+        if (userMaxLength <= 0) {
+            QLineEdit::contextMenuEvent(event);
+            return;
+        }
         QMenu *menu = createStandardContextMenu();
         // The menu's Paste is found by the caption QLineEdit gives it, in any language.
         for (QAction *paste : menu->actions()) {
