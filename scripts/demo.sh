@@ -4,8 +4,8 @@
 set -euo pipefail
 build=${1:-build}
 form="$build/apps/form/kwfielddeck-form"
-# The build copies the showcase next to the example database it reads its combo lists from.
-showcase="$build/examples/showcase.kwdef"
+# The showcase as shipped, beside the example database it reads its combo lists from.
+showcase="$(cd "$(dirname "$0")/.." && pwd)/examples/showcase.kwdef"
 example="$build/examples/host/kwfielddeck-example"
 
 if [ -x "$form" ]; then

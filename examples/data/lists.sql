@@ -1,5 +1,8 @@
 -- The lists that the example definitions fill combo fields from (DB=, TABLE=, LISTFIELD=,
--- VALUEFIELD=). The build runs this text through sqlite3 into <build>/examples/data/lists.db.
+-- VALUEFIELD=). lists.db beside it is made from this text and shipped, so that the examples run
+-- from where they are; after a change here, make it again from the repository's root with
+--   rm -f examples/data/lists.db && sqlite3 examples/data/lists.db < examples/data/lists.sql
+-- A test checks that the two agree.
 
 CREATE TABLE colours (
     id   INTEGER PRIMARY KEY,

@@ -93,6 +93,10 @@ public:
     qint16 FirstRow() const { return m_FirstRow; }
     void setFirstRow(qint16 row);
     Q_INVOKABLE void AutoSizeFieldNameWidths();
+    // What a layout gives the grid when its host sets no size: a name column, a value column
+    // and a few rows at the current widths and row height (at least three rows).
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     // Definition strings and files, and field values in the settings store.
     void ReadDef(const QString &DefString);
@@ -148,6 +152,7 @@ private:
     void applyFont(const QFont &font);
     float TopOfNewRow();
     float EditorWidth(float margin) const;
+    QSize SizeForRows(int rows, float valueWidth) const;
     TextBox *addTextEditor(const QString &kind, Field *oField);
     Control *addLibraryEditor(const QString &className, Field *oField);
     void EnterRow(Field *oField, Control *editor);

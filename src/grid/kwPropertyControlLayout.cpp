@@ -20,6 +20,8 @@ constexpr float SharedBorder = 15;
 // Editors start 25 twips inside the name column and end 40 short of the scroll bar.
 constexpr float EditorOverlap = 25;
 constexpr float EditorMargin = 40;
+// The viewport's frame, which the scroll bar also leaves out.
+constexpr float ViewportFrame = 60;
 } // namespace
 
 void kwPropertyControl::Refresh(bool Redraw)
@@ -67,6 +69,23 @@ void kwPropertyControl::Refresh(bool Redraw)
 float kwPropertyControl::EditorWidth(float margin) const
 {
     return picOuter->Width() - (VScroll1->Width() + m_FieldNameWidth) - margin;
+}
+
+QSize kwPropertyControl::SizeForRows(int rows, float valueWidth) const
+{
+    const float width = m_FieldNameWidth + valueWidth + VScroll1->Width() + ViewportFrame;
+    const float height = rows * (m_RowHeight - SharedBorder) + SharedBorder + ViewportFrame;
+    return QSize(twipsToPixelsX(width), twipsToPixelsY(height));
+}
+
+QSize kwPropertyControl::sizeHint() const
+{
+    return SizeForRows(8, 3000);
+}
+
+QSize kwPropertyControl::minimumSizeHint() const
+{
+    return SizeForRows(3, 1500);
 }
 
 void kwPropertyControl::CalcSlider()
@@ -125,6 +144,7 @@ void kwPropertyControl::setFieldNameWidth(float width)
             return;
         m_FieldNameWidth = width;
         propertyChanged(QStringLiteral("FieldNameWidth"));
+        updateGeometry();
         Refresh(true);
     });
 }
@@ -148,6 +168,7 @@ void kwPropertyControl::AutoSizeFieldNameWidths()
             if (width > m_FieldNameWidth)
                 m_FieldNameWidth = width;
         }
+        updateGeometry();
         Refresh(true);
     });
 }

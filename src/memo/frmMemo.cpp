@@ -6,6 +6,7 @@
 #include "platform/DataObject.h"
 #include "platform/Error.h"
 #include "platform/KeyState.h"
+#include "platform/LineBreaks.h"
 #include "platform/Menu.h"
 #include "platform/MultiLineTextBox.h"
 #include "platform/Services.h"
@@ -239,8 +240,9 @@ void frmMemo::txtMemo_OLEDragDrop(const DataObject &Data)
         if (!Data.GetFormat(ClipboardFormat::Files))
             return;
         const QStringList files = Data.Files();
+        // A file written with LF or CR line ends is read as the CR LF lines of the text.
         if (files.size() == 1 && FileExists(files.first()))
-            txtMemo->setText(ReadWholeFile(files.first()));
+            txtMemo->setText(toCrLf(ReadWholeFile(files.first())));
     });
 }
 
@@ -278,7 +280,7 @@ void frmMemo::mnuOpenFile_Click()
             QStringLiteral("Select A Text File From Below"),
             QStringLiteral("Text Files (*.txt)|*.txt|All Files (*.*)|*.*"));
         if (!path.isEmpty() && FileExists(path))
-            txtMemo->setText(ReadWholeFile(path));
+            txtMemo->setText(toCrLf(ReadWholeFile(path)));
     });
 }
 

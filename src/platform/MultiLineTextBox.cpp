@@ -88,6 +88,9 @@ QPlainTextEdit *MultiLineTextBox::plainTextEdit() const
 
 QString MultiLineTextBox::Text() const
 {
+    // Until the text is edited it reads back as it was set, lone line breaks included.
+    if (!plainTextEdit()->document()->isModified())
+        return m_setText;
     // Read block by block: the document's plain-text export would turn non-breaking spaces
     // into blanks.
     QString text;
@@ -102,7 +105,23 @@ QString MultiLineTextBox::Text() const
 
 void MultiLineTextBox::setText(const QString &text)
 {
+    m_setText = text;
+    m_crLfBreaksBefore = { 0 };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        const bool crLf = c == u'\r' && i + 1 < text.size() && text.at(i + 1) == u'\n';
+        if (crLf || c == u'\r' || c == u'\n' || c == QChar::ParagraphSeparator)
+            m_crLfBreaksBefore.append(m_crLfBreaksBefore.last() + (crLf ? 1 : 0));
+        i += crLf ? 1 : 0;
+    }
     plainTextEdit()->setPlainText(toLf(text));
+}
+
+int MultiLineTextBox::crLfBreaksBefore(int line) const
+{
+    if (plainTextEdit()->document()->isModified() || line >= m_crLfBreaksBefore.size())
+        return line;
+    return m_crLfBreaksBefore.at(line);
 }
 
 bool MultiLineTextBox::Locked() const
@@ -134,23 +153,24 @@ void MultiLineTextBox::setOLEDropMode(int mode)
     edit->viewport()->setAcceptDrops(mode == 1);
 }
 
-// A widget position plus one for each line break before it (LF there, CR LF here).
+// A widget position plus one for each CR LF before it (a single character there).
 int MultiLineTextBox::systemPosition(int widgetPosition) const
 {
-    return widgetPosition + plainTextEdit()->document()->findBlock(widgetPosition).blockNumber();
+    return widgetPosition
+        + crLfBreaksBefore(plainTextEdit()->document()->findBlock(widgetPosition).blockNumber());
 }
 
 int MultiLineTextBox::widgetPosition(int systemPosition) const
 {
     const QTextDocument *document = plainTextEdit()->document();
-    int lineStart = 0; // in system characters
     for (QTextBlock block = document->firstBlock(); block.isValid(); block = block.next()) {
+        const int line = block.blockNumber();
+        const int lineStart = block.position() + crLfBreaksBefore(line); // in system characters
         const int lineLength = block.length() - 1;
         if (systemPosition <= lineStart + lineLength || !block.next().isValid())
             return block.position() + qBound(0, systemPosition - lineStart, lineLength);
-        lineStart += lineLength + 2;
         // A position between CR and LF belongs to the start of the next line.
-        if (systemPosition < lineStart)
+        if (systemPosition < block.next().position() + crLfBreaksBefore(line + 1))
             return block.next().position();
     }
     return 0;
@@ -185,8 +205,7 @@ void MultiLineTextBox::setSelLength(int length)
 
 QString MultiLineTextBox::SelText() const
 {
-    QString text = plainTextEdit()->textCursor().selectedText();
-    return text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    return Text().mid(SelStart(), SelLength());
 }
 
 void MultiLineTextBox::setSelText(const QString &text)

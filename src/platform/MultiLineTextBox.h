@@ -2,6 +2,8 @@
 
 #include "platform/Control.h"
 
+#include <QVector>
+
 class QPlainTextEdit;
 
 namespace kwFieldDeck {
@@ -9,7 +11,9 @@ namespace kwFieldDeck {
 class DataObject;
 
 // The multi-line text box. Inside the system its text breaks lines with CR LF, and SelStart and
-// SelLength count a line break as those two characters; the widget holds plain lines. Tab moves
+// SelLength count a line break as those two characters; the widget holds plain lines. Text that
+// the user has not edited reads back exactly as it was set, lone CR or LF included, and
+// positions then count each break as it stands there. Tab moves
 // the focus on (the box does not take it); Ctrl+Tab types a tab character.
 class MultiLineTextBox : public Control
 {
@@ -45,7 +49,11 @@ signals:
 private:
     int systemPosition(int widgetPosition) const;
     int widgetPosition(int systemPosition) const;
+    // How many of the line breaks before a line of the widget are CR LF pairs in Text().
+    int crLfBreaksBefore(int line) const;
 
+    QString m_setText;
+    QVector<int> m_crLfBreaksBefore { 0 };
     int m_scrollBars = 0;
     int m_oleDropMode = 0;
 };

@@ -1,16 +1,46 @@
 #include "platform/TextBox.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPainter>
+
+#include <limits>
 
 namespace kwFieldDeck {
 
 namespace {
-// QLineEdit that can draw itself flat: no frame of the style, a single line in the mid colour.
-class FlatLineEdit : public QLineEdit
+// QLineEdit that can draw itself flat (no frame of the style, a single line in the mid colour)
+// and that applies the text box's maximum length only to what the user types, pastes or drops.
+// Text set by the program is kept whole, as on the original platform; QLineEdit's own maxLength
+// would cut it, so the widget's limit stays out of reach.
+class TextBoxEdit : public QLineEdit
 {
 public:
     bool flat = false;
+    int userMaxLength = 0; // 0: no limit
+
+    TextBoxEdit() { setMaxLength(std::numeric_limits<int>::max()); }
+
+    // The start of an insertion that fits in the room the limit leaves beside the text that
+    // stays (all but the selection, which the insertion replaces).
+    QString fitting(const QString &insertion) const
+    {
+        if (userMaxLength <= 0)
+            return insertion;
+        const qsizetype kept = text().size() - selectedText().size();
+        return insertion.left(std::max<qsizetype>(0, userMaxLength - kept));
+    }
+
+    void pasteFitting(QClipboard::Mode mode)
+    {
+        const QString fits = fitting(QGuiApplication::clipboard()->text(mode));
+        if (!isReadOnly() && !fits.isEmpty())
+            insert(fits);
+    }
 
 protected:
     void paintEvent(QPaintEvent *event) override
@@ -22,11 +52,90 @@ protected:
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (userMaxLength > 0 && event->matches(QKeySequence::Paste)) {
+            pasteFitting(QClipboard::Clipboard);
+            event->accept();
+            return;
+        }
+        const QString typed = event->text();
+        const bool typing = !typed.isEmpty() && typed.at(0).isPrint()
+            && !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier));
+        if (typing && !isReadOnly() && fitting(typed) != typed) {
+            // A full box refuses the key; of several characters only those that fit go in.
+            if (!fitting(typed).isEmpty())
+                insert(fitting(typed));
+            event->accept();
+            return;
+        }
+        QLineEdit::keyPressEvent(event);
+    }
+
+    void inputMethodEvent(QInputMethodEvent *event) override
+    {
+        const QString fits = fitting(event->commitString());
+        if (fits == event->commitString()) {
+            QLineEdit::inputMethodEvent(event);
+            return;
+        }
+        QInputMethodEvent cut(event->preeditString(), event->attributes());
+        cut.setCommitString(fits, event->replacementStart(), event->replacementLength());
+        QLineEdit::inputMethodEvent(&cut);
+    }
+
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        if (userMaxLength > 0 && event->button() == Qt::MiddleButton && !isReadOnly()
+            && QGuiApplication::clipboard()->supportsSelection()) {
+            deselect();
+            pasteFitting(QClipboard::Selection);
+            return;
+        }
+        QLineEdit::mouseReleaseEvent(event);
+    }
+
+    void contextMenuEvent(QContextMenuEvent *event) override
+    {
+        if (userMaxLength <= 0) {
+            QLineEdit::contextMenuEvent(event);
+            return;
+        }
+        QMenu *menu = createStandardContextMenu();
+        // The menu's Paste is found by the caption QLineEdit gives it, in any language.
+        for (QAction *paste : menu->actions()) {
+            if (paste->text().section(u'\t', 0, 0) != QLineEdit::tr("&Paste"))
+                continue;
+            disconnect(paste, &QAction::triggered, nullptr, nullptr);
+            connect(
+                paste, &QAction::triggered, this, [this] { pasteFitting(QClipboard::Clipboard); });
+        }
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(event->globalPos());
+    }
+
+    void dropEvent(QDropEvent *event) override
+    {
+        const QString dropped = event->mimeData()->text();
+        if (fitting(dropped) == dropped) {
+            QLineEdit::dropEvent(event);
+            return;
+        }
+        QMimeData fits;
+        fits.setText(fitting(dropped));
+        QDropEvent cut(event->position(), event->possibleActions(), &fits, event->buttons(),
+            event->modifiers());
+        cut.setDropAction(event->proposedAction());
+        QLineEdit::dropEvent(&cut);
+        event->setDropAction(cut.dropAction());
+        event->setAccepted(cut.isAccepted());
+    }
 };
 } // namespace
 
 TextBox::TextBox(const QString &name, QObject *owner)
-    : Control(new FlatLineEdit, name, owner)
+    : Control(new TextBoxEdit, name, owner)
 {
     connect(lineEdit(), &QLineEdit::textChanged, this, &TextBox::Change);
 }
@@ -44,18 +153,18 @@ void TextBox::setText(const QString &text)
 bool TextBox::Locked() const { return lineEdit()->isReadOnly(); }
 void TextBox::setLocked(bool locked) { lineEdit()->setReadOnly(locked); }
 
-int TextBox::MaxLength() const
-{
-    const int length = lineEdit()->maxLength();
-    return length == 32767 ? 0 : length;
-}
+int TextBox::MaxLength() const { return m_maxLength; }
 
-void TextBox::setMaxLength(int length) { lineEdit()->setMaxLength(length > 0 ? length : 32767); }
+void TextBox::setMaxLength(int length)
+{
+    m_maxLength = std::max(0, length);
+    static_cast<TextBoxEdit *>(lineEdit())->userMaxLength = m_maxLength;
+}
 
 void TextBox::setAppearance(int appearance)
 {
     m_appearance = appearance;
-    auto *edit = static_cast<FlatLineEdit *>(lineEdit());
+    auto *edit = static_cast<TextBoxEdit *>(lineEdit());
     edit->flat = appearance == 0;
     edit->setFrame(appearance != 0);
     edit->setTextMargins(appearance == 0 ? 3 : 0, 0, appearance == 0 ? 2 : 0, 0);

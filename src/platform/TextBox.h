@@ -7,7 +7,8 @@ class QLineEdit;
 namespace kwFieldDeck {
 
 // The standard single-line text box. Appearance 0 is the flat look: a one-pixel line instead of
-// the sunken frame, so that adjacent boxes can share one border.
+// the sunken frame, so that adjacent boxes can share one border. MaxLength (0: none) limits what
+// the user types, pastes or drops; text set by the program is kept whole.
 class TextBox : public Control
 {
     Q_OBJECT
@@ -37,6 +38,7 @@ signals:
 
 private:
     int m_appearance = 1;
+    int m_maxLength = 0;
 };
 
 } // namespace kwFieldDeck

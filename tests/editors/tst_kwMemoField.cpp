@@ -34,6 +34,41 @@ private slots:
         QCOMPARE(valuesAtChange, QStringList { QStringLiteral("a\r\nb\r\nc") });
     }
 
+    // Line breaks other than CR LF come back as they were, whichever way the window closes.
+    void closingWithoutAnEditKeepsTheValueByteForByte_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("escape");
+        const QVector<QPair<const char *, QString>> values { { "lone LF", "a\nb" },
+            { "lone CR", "a\rb" }, { "mixed", "a\r\nb\nc\rd\n\re\r\r\n" },
+            { "trailing LF", "a\n" }, { "CR LF", "a\r\nb" } };
+        for (const auto &[name, value] : values) {
+            QTest::addRow("%s, Escape", name) << value << true;
+            QTest::addRow("%s, close command", name) << value << false;
+        }
+    }
+    void closingWithoutAnEditKeepsTheValueByteForByte()
+    {
+        QFETCH(QString, value);
+        QFETCH(bool, escape);
+        Host host(QStringLiteral("kwMemoField"));
+        host.editor->setValue(value);
+        ModalShowDriver driver([&](Form &form) {
+            if (escape)
+                QTest::keyClick(static_cast<frmMemo &>(form).txtMemo->widget(), Qt::Key_Escape);
+            else
+                form.window()->close();
+        });
+        QStringList valuesAtChange;
+        connect(host.editor, &kwMemoField::Change, this,
+            [&] { valuesAtChange << host.editor->Value(); });
+        host.child<CommandButton>("btnBrowse")->pushButton()->click();
+        QCOMPARE(driver.shown, 1);
+        QCOMPARE(host.editor->Value(), value);
+        // The close still raises Change, as after every visit to the window: intended.
+        QCOMPARE(valuesAtChange, QStringList { value });
+    }
+
     void f4WithoutShiftOpensTheWindowCaptionedByTheFieldName()
     {
         Host host(QStringLiteral("kwMemoField"));

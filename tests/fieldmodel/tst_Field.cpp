@@ -9,10 +9,14 @@
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"
 
+#include <QClipboard>
+#include <QLineEdit>
 #include <QtTest>
 
 using namespace kwFieldDeck;
 using kwFieldDeck::test::GridHost;
+
+enum UserInput { Typed, PastedByKey, PastedFromMenu };
 
 class tst_Field : public QObject
 {
@@ -24,6 +28,10 @@ private slots:
     void valueFollowsTheConventionOfItsType();
     void clickingACheckGivesOneSixteenBitChange();
     void limitsReachDateAndSliderEditors();
+    void sizeKeepsTextSetByTheProgramWhole_data();
+    void sizeKeepsTextSetByTheProgramWhole();
+    void sizeLimitsWhatTheUserTypesOrPastes_data();
+    void sizeLimitsWhatTheUserTypesOrPastes();
     void enabledVisibleAndColoursReachTheRow();
     void membersForOtherTypesOnATextField();
     void editFieldLeavesTheMemoOutAndKillReleases();
@@ -152,6 +160,87 @@ void tst_Field::limitsReachDateAndSliderEditors()
     QCOMPARE(field->ValueDate()->MinDate(), QDate(2020, 1, 1));
     field->setMax(QDate(2030, 1, 1));
     QCOMPARE(field->ValueDate()->MaxDate(), QDate(2030, 1, 1));
+}
+
+void tst_Field::sizeKeepsTextSetByTheProgramWhole_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::newRow("Add") << "Add";
+    QTest::newRow("Value") << "Value";
+    QTest::newRow("definition") << "definition";
+}
+
+void tst_Field::sizeKeepsTextSetByTheProgramWhole()
+{
+    QFETCH(QString, how);
+    GridHost host;
+    const QString value = QStringLiteral("1234567890");
+    if (how == "definition")
+        host.grid->ReadDef(
+            test::defText("ADDFIELD Code|TYPE=TEXT|SIZE=5|VALUE=" + value + "|ENDFIELD"));
+    else
+        host.grid->Fields()->Add("Code", ftText, 5, how == "Add" ? value : "12");
+    Field *field = host.field("Code");
+    QVERIFY(field);
+    if (how == "Value")
+        field->setValue(value);
+    QCOMPARE(field->ValueTextBox()->MaxLength(), 5);
+    QCOMPARE(field->ValueTextBox()->Text(), value);
+    QCOMPARE(field->Value(), textValue(value));
+}
+
+void tst_Field::sizeLimitsWhatTheUserTypesOrPastes_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<int>("selStart");
+    QTest::addColumn<int>("selLength");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<UserInput>("how");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("typing stops") << "" << 0 << 0 << "abcdefg" << Typed << "abcde";
+    QTest::newRow("typing over a selection") << "abcde" << 1 << 2 << "xyz" << Typed << "axyde";
+    QTest::newRow("longer set text takes no key")
+        << "1234567" << 7 << 0 << "x" << Typed << "1234567";
+    QTest::newRow("paste is cut") << "abc" << 3 << 0 << "123456" << PastedByKey << "abc12";
+    QTest::newRow("paste over all") << "abcde" << 0 << 5 << "123456789" << PastedByKey << "12345";
+    QTest::newRow("paste into a full box") << "abcde" << 2 << 0 << "x" << PastedByKey << "abcde";
+    QTest::newRow("paste from the menu") << "ab" << 0 << 0 << "123456" << PastedFromMenu << "123ab";
+}
+
+void tst_Field::sizeLimitsWhatTheUserTypesOrPastes()
+{
+    QFETCH(QString, before);
+    QFETCH(int, selStart);
+    QFETCH(int, selLength);
+    QFETCH(QString, input);
+    QFETCH(UserInput, how);
+    QFETCH(QString, after);
+    GridHost host;
+    QVERIFY(host.shown);
+    Field *field = host.grid->Fields()->Add("Code", ftText, 5, before);
+    QLineEdit *edit = field->ValueTextBox()->lineEdit();
+    field->SetFocus();
+    QTRY_VERIFY(edit->hasFocus());
+    edit->setSelection(selStart, selLength);
+    QGuiApplication::clipboard()->setText(input);
+    if (how == Typed) {
+        QTest::keyClicks(edit, input);
+    } else if (how == PastedByKey) {
+        QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+    } else {
+        QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, QPoint(2, 2));
+        QCoreApplication::sendEvent(edit, &menuEvent);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QWidget *menu = QApplication::activePopupWidget();
+        const QList<QAction *> actions = menu->actions();
+        auto paste = std::find_if(actions.begin(), actions.end(),
+            [](QAction *action) { return action->text().startsWith("&Paste"); });
+        QVERIFY(paste != actions.end());
+        (*paste)->trigger();
+        menu->close();
+    }
+    QCOMPARE(edit->text(), after);
+    QCOMPARE(field->Value(), textValue(after));
 }
 
 void tst_Field::enabledVisibleAndColoursReachTheRow()

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QVBoxLayout>
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -402,6 +403,29 @@ private slots:
         QVERIFY(last->ValueTextBox()->hasFocus());
         QCOMPARE(host.grid->FirstRow(), qint16(0));
         QVERIFY(shown(1) && !shown(199));
+    }
+
+    // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
+    // few whole rows, and still does when its window is made as small as it goes.
+    void aloneInALayoutTheGridShowsAFewRows()
+    {
+        test::ErrorRecorder errors;
+        QWidget window;
+        auto *grid = new kwPropertyControl(&window);
+        (new QVBoxLayout(&window))->addWidget(grid);
+        for (int i = 1; i <= 3; ++i)
+            grid->Fields()->Add(QStringLiteral("Row%1").arg(i), ftText);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (const QSize size : { window.size(), QSize(1, 1) }) {
+            window.resize(size);
+            QTRY_VERIFY(grid->height() >= twipsToPixelsY(3 * grid->RowHeight()));
+            const TextBox *lastLabel = grid->Fields()->Item(3)->FieldNameControl();
+            QVERIFY(lastLabel->Top() + lastLabel->Height() <= grid->OuterPicBox()->Height());
+            QVERIFY(grid->width() >= twipsToPixelsX(grid->FieldNameWidth() + 1500));
+            QVERIFY(editorOf(grid->Fields()->Item(3))->width() >= twipsToPixelsX(1000));
+        }
+        QCOMPARE(errors.sources(), QStringList());
     }
 
     void downAndUpMoveBetweenRows()
