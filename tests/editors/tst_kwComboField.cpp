@@ -75,6 +75,8 @@ private slots:
         host.editor->SetFocus();
         QWidget *box = host.editor->ComboControl()->widget();
         // The focus coming back when the list closes reports nothing.
+        QFocusEvent away(QEvent::FocusOut, Qt::PopupFocusReason);
+        QApplication::sendEvent(box, &away);
         QFocusEvent back(QEvent::FocusIn, Qt::PopupFocusReason);
         QApplication::sendEvent(box, &back);
         QTest::keyClick(box, Qt::Key_Down);

@@ -78,6 +78,8 @@ private slots:
         QCOMPARE(dialogs.fileRequests.size(), 1);
         QCOMPARE(hasFocus.count(), 1);
         // Coming back from another window opens nothing.
+        QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(button, &away);
         QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
         QApplication::sendEvent(button, &back);
         // With the focus already there, a click opens it once.

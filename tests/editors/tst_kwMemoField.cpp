@@ -40,8 +40,8 @@ private slots:
         QTest::addColumn<QString>("value");
         QTest::addColumn<bool>("escape");
         const QVector<QPair<const char *, QString>> values { { "lone LF", "a\nb" },
-            { "lone CR", "a\rb" }, { "mixed", "a\r\nb\nc\rd\n\re\r\r\n" },
-            { "trailing LF", "a\n" }, { "CR LF", "a\r\nb" } };
+            { "lone CR", "a\rb" }, { "mixed", "a\r\nb\nc\rd\n\re\r\r\n" }, { "trailing LF", "a\n" },
+            { "CR LF", "a\r\nb" } };
         for (const auto &[name, value] : values) {
             QTest::addRow("%s, Escape", name) << value << true;
             QTest::addRow("%s, close command", name) << value << false;

@@ -53,15 +53,17 @@ public:
             ++dialogs;
             return dialogAnswer;
         }))
-        , m_browseFolder(Dialogs::setBrowseFolderHandler([this](const Dialogs::BrowseFolderRequest &) {
-            ++dialogs;
-            return dialogAnswer;
-        }))
+        , m_browseFolder(
+              Dialogs::setBrowseFolderHandler([this](const Dialogs::BrowseFolderRequest &) {
+                  ++dialogs;
+                  return dialogAnswer;
+              }))
         , m_memoWindow([this](Form &form) {
             ++dialogs;
             form.Hide();
             // The desktop hands the activation back to the window the memo window came from.
             window.activateWindow();
+            QTest::qWaitForWindowActive(&window);
         })
     {
         grid->setDescriptionLabel(&description);

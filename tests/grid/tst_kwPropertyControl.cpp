@@ -428,6 +428,26 @@ private slots:
         QCOMPARE(errors.sources(), QStringList());
     }
 
+    // The repaint clears the busy flag that a failed layout left, as the grid's paint handler
+    // does; the covered surface hears of the repaint through its viewport and canvas.
+    void aLayoutThatFailedIsFreedByTheNextRepaint()
+    {
+        GridHost host;
+        QVERIFY(host.shown);
+        test::ErrorRecorder errors;
+        host.addRows(3);
+        Field *second = host.field(QStringLiteral("Row2"));
+        host.grid->setRowHeight(-10);
+        host.grid->Refresh(true);
+        QCOMPARE(
+            errors.sources(), QStringList { "Sub 'Refresh' of User Control 'kwPropertyControl'" });
+        host.grid->setRowHeight(400);
+        host.grid->Refresh(true);
+        QCOMPARE(second->FieldNameControl()->Top(), 300.0f);
+        host.grid->update();
+        QTRY_VERIFY((host.grid->Refresh(true), second->FieldNameControl()->Top() == 385.0f));
+    }
+
     void downAndUpMoveBetweenRows()
     {
         GridHost host;

@@ -54,9 +54,12 @@ void tst_MultiLineTextBox::anEditWritesEveryBreakAsCrLf_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("edited");
-    QTest::newRow("LF") << "ab\ncd" << "ab\r\ncd!";
-    QTest::newRow("CR") << "ab\rcd" << "ab\r\ncd!";
-    QTest::newRow("mixed") << "ab\r\ncd\r\rf" << "ab\r\ncd\r\n\r\nf!";
+    QTest::newRow("LF") << "ab\ncd"
+                        << "ab\r\ncd!";
+    QTest::newRow("CR") << "ab\rcd"
+                        << "ab\r\ncd!";
+    QTest::newRow("mixed") << "ab\r\ncd\r\rf"
+                           << "ab\r\ncd\r\n\r\nf!";
 }
 
 void tst_MultiLineTextBox::anEditWritesEveryBreakAsCrLf()
