@@ -197,9 +197,10 @@ bool replaceDamaged(
 }
 
 // Rewriting a store that holds lines QSettings cannot read would drop them, and whatever anyone
-// wrote there: the damaged file is kept whole beside the new one, and the error says where.
-[[noreturn]] void saveOverDamaged(const QString &path, const QByteArray &damaged,
-    QSettings &earlier, const QString &name, const QString &value)
+// wrote there: the damaged file is kept whole beside the new one, and a report says where. The
+// value is stored, so the save itself succeeds and the caller goes on with its next one.
+void saveOverDamaged(const QString &path, const QByteArray &damaged, QSettings &earlier,
+    const QString &name, const QString &value)
 {
     const QString aside = keepAside(path, damaged);
     if (aside.isEmpty())
@@ -209,10 +210,11 @@ bool replaceDamaged(
         QFile::remove(aside);
         raiseAccessError(path, QStringLiteral("the file cannot be replaced"));
     }
-    raiseAccessError(path,
-        QStringLiteral("it held lines that cannot be read; the earlier file is kept whole as %1, "
-                       "and the new value is stored")
-            .arg(aside));
+    reportError(ErrPathFileAccess,
+        QStringLiteral("Path/File access error: %1 (it held lines that cannot be read; the earlier "
+                       "file is kept whole as %2, and the new value is stored)")
+            .arg(path, aside),
+        QStringLiteral("Sub 'SaveSetting' of Module 'SettingsStore'"));
 }
 } // namespace
 
@@ -261,9 +263,11 @@ void SaveSetting(
         const Snapshot snapshot = snapshotOf(path);
         QSettings earlier(snapshot.copy->fileName(), QSettings::IniFormat);
         (void)earlier.allKeys(); // every section is read, so that the status tells of them all
-        if (earlier.status() == QSettings::FormatError)
+        if (earlier.status() == QSettings::FormatError) {
             saveOverDamaged(
                 path, snapshot.bytes, earlier, settingKey(earlier, section, key), value);
+            return;
+        }
     }
 
     QSettings settings(path, QSettings::IniFormat);

@@ -18,7 +18,8 @@ QString GetSetting(const QString &appName, const QString &section, const QString
 // Stores the text, replacing what was there. The file is replaced atomically; a store that
 // cannot be written fails with error 75 and leaves the previous file whole. A file that holds
 // lines the store cannot read is kept whole beside the new one (<file>.damaged, or .damaged.N
-// when that is taken), and error 75 names it after the text and every readable value are stored.
+// when that is taken): the text and every readable value are stored, and an error report 75,
+// which ends nothing, names the kept file.
 void SaveSetting(
     const QString &appName, const QString &section, const QString &key, const QString &value);
 

@@ -120,12 +120,16 @@ private slots:
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess_data()
     {
         QTest::addColumn<bool>("ok");
-        QTest::newRow("Ok") << true;
-        QTest::newRow("Cancel changes nothing") << false;
+        QTest::addColumn<bool>("damagedStore");
+        QTest::newRow("Ok") << true << false;
+        QTest::newRow("Cancel changes nothing") << false << false;
+        // A store edited by hand is kept aside; both font values still reach the new one.
+        QTest::newRow("Ok, store with a note line") << true << true;
     }
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess()
     {
         QFETCH(bool, ok);
+        QFETCH(bool, damagedStore);
         const QStringList families = screenFontFamilies();
         const int other = families.first() == QLatin1String("MS Sans Serif") ? 1 : 0;
         const QString expected = ok ? families.value(other) + QStringLiteral("|14")
@@ -142,6 +146,12 @@ private slots:
         memo.mnuFont->action()->trigger();
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), expected);
+        if (damagedStore) {
+            QFile store(SettingsStore::filePath(QCoreApplication::applicationName()));
+            QVERIFY(QDir().mkpath(QFileInfo(store).absolutePath()));
+            QVERIFY(store.open(QIODevice::WriteOnly));
+            store.write("# my settings\n[Other]\nkept=1\n");
+        }
         // Escape hides the window, keeping the text and storing the font.
         QTest::keyClick(memo.txtMemo->widget(), Qt::Key_Escape);
         QVERIFY(!memo.Visible());
