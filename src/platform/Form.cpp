@@ -46,13 +46,6 @@ protected:
 private:
     Preview m_preview;
 };
-
-bool isTypedCharacter(const QString &text)
-{
-    return text.size() == 1
-        && (text[0].isPrint() || text[0] == QLatin1Char('\b') || text[0] == QLatin1Char('\r')
-            || text[0] == QChar(27));
-}
 } // namespace
 
 Form::Form(const QString &name, QObject *owner)
@@ -292,9 +285,9 @@ bool Form::previewKey(QObject *receiver, QEvent *event)
         if (code == 0)
             return true;
     }
-    if (!isTypedCharacter(key->text()))
+    int ascii = typedCharacter(*key);
+    if (!ascii)
         return false;
-    int ascii = key->text()[0].unicode();
     Form_KeyPress(ascii);
     return ascii == 0;
 }
