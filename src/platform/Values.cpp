@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QObject>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -101,7 +102,13 @@ double dateSerial(const QDateTime &moment)
 QDateTime parseDateText(const QString &raw)
 {
     const QString text = raw.trimmed();
-    if (text.isEmpty())
+    // Every form below has digits and a separator; a text without them is no date, and is told
+    // so without the dozens of parses (each asking the system for its time zone) that follow.
+    const auto isSeparator = [](QChar c) {
+        return c == u'-' || c == u'/' || c == u'.' || c == u' ';
+    };
+    if (std::none_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); })
+        || std::none_of(text.begin(), text.end(), isSeparator))
         return {};
     static const char *const dateForms[] = { "yyyy-MM-dd", "yyyy/M/d", "M/d/yyyy", "d.M.yyyy",
                                              "d MMMM yyyy", "d MMM yyyy", "MMMM d, yyyy",
