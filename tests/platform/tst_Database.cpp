@@ -1,6 +1,7 @@
 #include "platform/Database.h"
 
 #include "RaisedError.h"
+#include "TestSupport.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -9,6 +10,7 @@
 
 using namespace kwFieldDeck;
 using test::raisedError;
+using test::readFile;
 
 namespace {
 // Runs SQL on a writable connection of the test's own, closed before the library opens the file.
@@ -25,12 +27,6 @@ bool runSql(const QString &path, const QStringList &statements)
     }
     QSqlDatabase::removeDatabase(QStringLiteral("w"));
     return done;
-}
-
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QStringList valuesOf(Recordset &records, const QString &column)
@@ -91,10 +87,10 @@ private slots:
 
     void readOnlySnapshotLeavesTheFileAndIgnoresLaterChanges()
     {
-        const QByteArray before = contentsOf(m_path);
+        const QByteArray before = readFile(m_path);
         auto db = OpenDatabase(m_path);
         auto records = db->OpenRecordset(QStringLiteral("colours"));
-        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(readFile(m_path), before);
         QVERIFY(!QFile::exists(m_path + QStringLiteral("-journal")));
         QVERIFY(runSql(m_path, { QStringLiteral("DELETE FROM colours") }));
         QCOMPARE(valuesOf(*records, QStringLiteral("code")), QStringList({ "R", "G", "B" }));
@@ -116,11 +112,9 @@ private slots:
         QFETCH(QByteArray, bytes);
         QFETCH(int, error);
         if (bytes == "truncated")
-            bytes = contentsOf(m_path).left(60); // the start of a real database
+            bytes = readFile(m_path).left(60); // the start of a real database
         const QString path = m_dir.filePath(QStringLiteral("bad.db"));
-        QFile file(path);
-        QVERIFY(bytes.isNull()
-            || (file.open(QIODevice::WriteOnly) && file.write(bytes) && file.flush()));
+        QVERIFY(bytes.isNull() || !test::writeFile(path, bytes).isEmpty());
         QCOMPARE(raisedError([&] { OpenDatabase(path); }), error);
         QFile::remove(path);
     }

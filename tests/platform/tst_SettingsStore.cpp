@@ -2,6 +2,7 @@
 #include "platform/SettingsStore.h"
 
 #include "RaisedError.h"
+#include "TestSupport.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,14 +12,7 @@
 #include <optional>
 
 using namespace kwFieldDeck;
-
-namespace {
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-} // namespace
+using test::readFile;
 
 class tst_SettingsStore : public QObject
 {
@@ -100,7 +94,7 @@ private slots:
         QCOMPARE(SettingsStore::filePath(address(2)[0]), path);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
             QStringList { QFileInfo(path).fileName() });
-        const QByteArray contents = contentsOf(path);
+        const QByteArray contents = readFile(path);
         QCOMPARE(contents.count("second"), 1);
         QVERIFY2(!contents.contains("first"), contents.constData());
         if (level > 0) {
@@ -126,7 +120,7 @@ private slots:
             SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
         else
             QVERIFY(QDir().mkpath(path + QStringLiteral("/inside")));
-        const QByteArray before = contentsOf(path);
+        const QByteArray before = readFile(path);
         {
             std::optional<test::ReadOnlyFolder> readOnly;
             if (readOnlyFolder && !readOnly.emplace(QFileInfo(path).absolutePath()).isEffective())
@@ -136,7 +130,7 @@ private slots:
                     SettingsStore::SaveSetting(app, s, QLatin1String(key), QStringLiteral("new"));
                 }),
                     75);
-            QCOMPARE(contentsOf(path), before);
+            QCOMPARE(readFile(path), before);
         }
         // The failed values do not come back once the store can be written again.
         if (readOnlyFolder)

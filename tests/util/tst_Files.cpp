@@ -1,5 +1,7 @@
 #include "util/Files.h"
 
+#include "TestSupport.h"
+
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -29,10 +31,7 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, expected);
-        QFile file(m_dir.filePath(QStringLiteral("Decode.TXT")));
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        QCOMPARE(file.write(bytes), bytes.size());
-        file.close();
+        QVERIFY(!test::writeFile(m_dir.filePath(QStringLiteral("Decode.TXT")), bytes).isEmpty());
         // Read as written on another system: backslashes and other letter case.
         QCOMPARE(ReadWholeFile(m_dir.path() + QStringLiteral("\\decode.txt")), expected);
         QCOMPARE(ReadWholeFile(m_dir.filePath(QStringLiteral("missing.txt"))), QString());
