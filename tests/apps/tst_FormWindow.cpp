@@ -64,8 +64,6 @@ private slots:
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
-        window.grid()->Fields()->Item(QStringLiteral("Row 3"))->SetFocus();
-        QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 3"));
         QVERIFY(window.descriptionLabel()->geometry().top() >= window.grid()->geometry().bottom());
     }
 };

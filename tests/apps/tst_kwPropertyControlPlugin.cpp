@@ -1,14 +1,10 @@
 // Loads the Designer plugin as Qt Designer does and creates the grid through it.
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
 #include "grid/kwPropertyControl.h"
-#include "platform/TextBox.h"
 
 #include "ui_GridForm.h"
 
 #include <QPluginLoader>
-#include <QSignalSpy>
 #include <QXmlStreamReader>
 #include <QtTest>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
@@ -41,24 +37,13 @@ private slots:
         QCOMPARE(xml.attributes().value("class").toString(), m_plugin->name());
     }
 
-    void createsTheGridInDesignModeWithoutChanged()
+    // In design mode the grid raises no Changed (the grid's typing test checks that mode).
+    void createsTheGridInDesignMode()
     {
         QWidget form;
         auto *grid = qobject_cast<kwPropertyControl *>(m_plugin->createWidget(&form));
         QVERIFY(grid);
         QVERIFY(!grid->ambientUserMode());
-        // A new instance as a designer places it.
-        QCOMPARE(grid->FieldNameWidth(), 750.0f);
-        form.resize(400, 200);
-        grid->resize(400, 200);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
-        Field *field = grid->Fields()->Add("Name", ftText, 0, "before");
-        QSignalSpy gridChanged(grid, &kwPropertyControl::Changed);
-        QSignalSpy fieldChanged(field, &Field::Changed);
-        field->ValueTextBox()->setText("after");
-        QCOMPARE(fieldChanged.count(), 1);
-        QCOMPARE(gridChanged.count(), 0);
     }
 
     void appearancePropertiesAreDesignableAndReadFromUiFiles()

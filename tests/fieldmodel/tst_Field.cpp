@@ -76,7 +76,6 @@ private slots:
                   const char *shown, const char *read, const QStringList &keys = {}) {
                   QTest::newRow(name) << int(type) << keys << before << value << shown << read;
               };
-        row("text", ftText, "", "abc", "abc", "abc");
         row("text 16-bit", ftText, "", int16Value(42), "42", "42");
         row("text date", ftText, "", QDate(2024, 3, 1), "2024-03-01", "2024-03-01");
         row("text keeps out a boolean", ftText, "before", true, "before", "true");
