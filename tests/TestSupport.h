@@ -1,15 +1,31 @@
 #pragma once
 
-// Recorders for the two seams that tests answer: message boxes and the error report. Each
-// installs itself for its lifetime and restores the previous handler afterwards.
+// Whole files read and written, and recorders for the two seams that tests answer: message boxes
+// and the error report. Each recorder installs itself for its lifetime and restores the previous
+// handler afterwards.
 
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
 
+#include <QFile>
 #include <QString>
 #include <QVector>
 
 namespace kwFieldDeck::test {
+
+// The whole content of a file, empty when it cannot be read.
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Writes the bytes over the file: its path, or empty when it cannot be written.
+inline QString writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
+}
 
 struct ShownMessage {
     QString prompt;

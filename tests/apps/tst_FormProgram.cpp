@@ -1,5 +1,7 @@
 // Runs kwfielddeck-form as a shell script would and checks its exit status and output.
 
+#include "TestSupport.h"
+
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -33,193 +35,172 @@ class tst_FormProgram : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void helpAndVersionExitZero();
-    void screenshotRendersAndPrintsTheValuesAsOkDoes();
-    void presetsAreStoredAndComeBackInTheNextRun();
-    void whatCannotRunExitsTwoWithAReason_data();
-    void whatCannotRunExitsTwoWithAReason();
-    void theShowcaseRunsFromAnyFolder_data();
-    void theShowcaseRunsFromAnyFolder();
+    void initTestCase()
+    {
+        QVERIFY(QFileInfo(KW_FORM_PROGRAM).isExecutable());
+        QVERIFY(!write("three.kwdef", crLf(ThreeFields)).isEmpty());
+        QVERIFY(!write("three-lf.kwdef", ThreeFields).isEmpty());
+    }
+
+    void helpAndVersionExitZero()
+    {
+        const Run help = run({ "--help" });
+        QCOMPARE(help.exitCode, 0);
+        for (const char *text : { "--store <APP SECTION SETTING>", "--set <NAME=VALUE>",
+                 "--title <TEXT>", "--screenshot <FILE.png>", "%CRLF%", "Exit status" })
+            QVERIFY2(help.out.contains(QLatin1String(text)), text);
+        const Run version = run({ "--version" });
+        QCOMPARE(version.exitCode, 0);
+        QCOMPARE(version.out.trimmed(), QStringLiteral("kwfielddeck-form " KW_VERSION));
+    }
+
+    void screenshotRendersAndPrintsTheValuesAsOkDoes()
+    {
+        const QString png = m_folder.filePath("three.png");
+        const Run result = run({ "--screenshot", png, "--title", "Three fields", "three.kwdef" });
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(lines(result.out), QStringList({ "Name=Ada", "Notes=first", "Size=12" }));
+        const QImage image(png);
+        QVERIFY(image.width() > 300 && image.height() > 3 * 20);
+    }
+
+    void presetsAreStoredAndComeBackInTheNextRun()
+    {
+        QTemporaryDir config;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_CONFIG_HOME", config.path());
+        const QStringList store { "--store", "FormTest", "Dialogs", "Three" };
+        const QString png = m_folder.filePath("stored.png");
+
+        // Presets find fields in any letter case and are converted by the field's type.
+        const Run first = run(store
+                + QStringList { "--set", "name=Grace=Hopper", "--set", "Notes=a%CRLF%b", "--set",
+                    "Size=7abc", "--screenshot", png, "three.kwdef" },
+            {}, environment);
+        const QStringList preset { "Name=Grace=Hopper", "Notes=a%CRLF%b", "Size=7" };
+        QCOMPARE(first.exitCode, 0);
+        QCOMPARE(lines(first.out), preset);
+        // --store may follow the file, and a file with LF line ends defines the same fields.
+        const Run second
+            = run(QStringList { "--screenshot", png, "three-lf.kwdef" } + store, {}, environment);
+        QCOMPARE(second.exitCode, 0);
+        QCOMPARE(lines(second.out), preset);
+        // Presets win over what was stored.
+        const Run third
+            = run(store + QStringList { "--set", "Size=99", "--screenshot", png, "three.kwdef" },
+                {}, environment);
+        QCOMPARE(lines(third.out), preset.mid(0, 2) + QStringList { "Size=99" });
+        // A note written by hand at the top of the store is kept, whole, beside the next save.
+        const QString stored = config.filePath("kwFieldDeck/FormTest.ini");
+        const QByteArray damaged = "# my settings\n" + kwFieldDeck::test::readFile(stored);
+        QVERIFY(!kwFieldDeck::test::writeFile(stored, damaged).isEmpty());
+        const Run fourth
+            = run(store + QStringList { "--set", "Size=5", "--screenshot", png, "three.kwdef" }, {},
+                environment);
+        QCOMPARE(fourth.exitCode, 0);
+        QVERIFY2(fourth.err.contains(stored + ".damaged"), qPrintable(fourth.err));
+        QCOMPARE(kwFieldDeck::test::readFile(stored + ".damaged"), damaged);
+        const Run fifth
+            = run(store + QStringList { "--screenshot", png, "three.kwdef" }, {}, environment);
+        QCOMPARE(lines(fifth.out), preset.mid(0, 2) + QStringList { "Size=5" });
+    }
+
+    void whatCannotRunExitsTwoWithAReason_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("reason");
+        const QStringList shot { "--screenshot", "out.png" },
+            in = shot + QStringList { "in.kwdef" };
+        auto row = [](const char *name, const QStringList &arguments, const QString &reason,
+                       const QByteArray &file = {}) {
+            QTest::newRow(name) << arguments << file << reason;
+        };
+        row("missing file", shot + QStringList { "no.kwdef" },
+            "\"no.kwdef\": the file does not exist");
+        row("a folder", shot + QStringList { "." }, "folder");
+        // The library's message names the user's file, not the CR LF copy read in its place.
+        row("LF file without header", in, "Does not Match! " + m_folder.filePath("in.kwdef"),
+            "ADDFIELD A\nTYPE=TEXT\nENDFIELD\n");
+        row("header with a trailing blank", in, "header \"Property Control Definition File\"",
+            crLf("Property Control Definition File \nADDFIELD A\nTYPE=TEXT\nENDFIELD\n"));
+        row("no complete block", in, "defines no field",
+            "Property Control Definition File\nADDFIELD A\nTYPE=TEXT\n");
+        row("no display and no --screenshot", { "three.kwdef" }, "--screenshot FILE.png");
+        row("no file", shot, "No definition file");
+        row("--store short", { "three.kwdef", "--store", "A", "B" }, "--store needs three values");
+        row("--set without =", { "--set", "Name", "three.kwdef" }, "NAME=VALUE");
+        row("--set of no field", shot + QStringList { "--set", "Colour=red", "three.kwdef" },
+            "--set names no field of the definition: Colour");
+        row("unknown option", { "--frobnicate", "three.kwdef" }, "frobnicate");
+    }
+
+    void whatCannotRunExitsTwoWithAReason()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, file);
+        QFETCH(QString, reason);
+        if (!file.isEmpty())
+            QVERIFY(!write(arguments.last(), file).isEmpty());
+        const Run result = run(arguments);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.err.contains(reason), qPrintable(result.err));
+        QCOMPARE(result.out, QString());
+        QVERIFY(!QFileInfo::exists(m_folder.filePath("out.png")));
+    }
+
+    // The shipped showcase where a newcomer finds it: named from the repository's root as the
+    // README does, or by its whole path from anywhere.
+    void theShowcaseRunsFromAnyFolder_data()
+    {
+        const QString examples = qEnvironmentVariable("KW_EXAMPLES_DIR");
+        QTest::addColumn<QString>("showcase");
+        QTest::addColumn<QString>("workingFolder");
+        QTest::newRow("repository root") << "examples/showcase.kwdef" << examples + "/..";
+        QTest::newRow("root folder") << examples + "/showcase.kwdef" << QDir::rootPath();
+        QTest::newRow("its own folder") << examples + "/showcase.kwdef" << examples;
+    }
+
+    void theShowcaseRunsFromAnyFolder()
+    {
+        QFETCH(QString, showcase);
+        QFETCH(QString, workingFolder);
+        const QStringList arguments { "--screenshot", m_folder.filePath("showcase.png"), showcase };
+        const Run result = run(arguments, workingFolder);
+        QCOMPARE(result.exitCode, 0);
+        // No message of the library (such as a combo database not found) and no reported error.
+        QVERIFY2(!result.err.contains("kwPropertyControl: "), qPrintable(result.err));
+        QVERIFY2(
+            !result.err.contains(QRegularExpression("Error \\d+ \\(")), qPrintable(result.err));
+        const QStringList printed = lines(result.out);
+        QVERIFY(printed.size() >= 9);
+        for (const QString &line : printed)
+            QVERIFY2(line.indexOf('=') > 0, qPrintable(line));
+        // The combo filled from the database's colours table shows its value's entry.
+        QVERIFY2(printed.contains("Colour=4"), qPrintable(result.out));
+    }
 
 private:
     Run run(const QStringList &arguments, const QString &workingFolder = {},
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
-    QString write(const QString &name, const QByteArray &bytes);
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(workingFolder.isEmpty() ? m_folder.path() : workingFolder);
+        process.start(KW_FORM_PROGRAM, arguments);
+        if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+            return {};
+        return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError()) };
+    }
+
+    QString write(const QString &name, const QByteArray &bytes)
+    {
+        return kwFieldDeck::test::writeFile(m_folder.filePath(name), bytes);
+    }
 
     QTemporaryDir m_folder;
 };
-
-QString tst_FormProgram::write(const QString &name, const QByteArray &bytes)
-{
-    QFile file(m_folder.filePath(name));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName()
-                                                                                : QString();
-}
-
-void tst_FormProgram::initTestCase()
-{
-    QVERIFY(QFileInfo(KW_FORM_PROGRAM).isExecutable());
-    QVERIFY(!write("three.kwdef", crLf(ThreeFields)).isEmpty());
-    QVERIFY(!write("three-lf.kwdef", ThreeFields).isEmpty());
-}
-
-Run tst_FormProgram::run(const QStringList &arguments, const QString &workingFolder,
-    const QProcessEnvironment &environment)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(workingFolder.isEmpty() ? m_folder.path() : workingFolder);
-    process.start(KW_FORM_PROGRAM, arguments);
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-        QString::fromUtf8(process.readAllStandardError()) };
-}
-
-void tst_FormProgram::helpAndVersionExitZero()
-{
-    const Run help = run({ "--help" });
-    QCOMPARE(help.exitCode, 0);
-    for (const char *text : { "--store <APP SECTION SETTING>", "--set <NAME=VALUE>",
-             "--title <TEXT>", "--screenshot <FILE.png>", "%CRLF%", "Exit status" })
-        QVERIFY2(help.out.contains(QLatin1String(text)), text);
-    const Run version = run({ "--version" });
-    QCOMPARE(version.exitCode, 0);
-    QCOMPARE(version.out.trimmed(), QStringLiteral("kwfielddeck-form " KW_VERSION));
-}
-
-void tst_FormProgram::screenshotRendersAndPrintsTheValuesAsOkDoes()
-{
-    const QString png = m_folder.filePath("three.png");
-    const Run result = run({ "--screenshot", png, "--title", "Three fields", "three.kwdef" });
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(lines(result.out), QStringList({ "Name=Ada", "Notes=first", "Size=12" }));
-    const QImage image(png);
-    QVERIFY(image.width() > 300 && image.height() > 3 * 20);
-    // A definition file with LF line ends gives the same.
-    const Run fromLf = run({ "--screenshot", m_folder.filePath("lf.png"), "three-lf.kwdef" });
-    QCOMPARE(fromLf.exitCode, 0);
-    QCOMPARE(fromLf.out, result.out);
-}
-
-void tst_FormProgram::presetsAreStoredAndComeBackInTheNextRun()
-{
-    QTemporaryDir config;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", config.path());
-    const QStringList store { "--store", "FormTest", "Dialogs", "Three" };
-    const QString png = m_folder.filePath("stored.png");
-
-    // Presets find fields in any letter case and are converted by the field's type.
-    const Run first = run(store
-            + QStringList { "--set", "name=Grace=Hopper", "--set", "Notes=a%CRLF%b", "--set",
-                "Size=7abc", "--screenshot", png, "three.kwdef" },
-        {}, environment);
-    const QStringList preset { "Name=Grace=Hopper", "Notes=a%CRLF%b", "Size=7" };
-    QCOMPARE(first.exitCode, 0);
-    QCOMPARE(lines(first.out), preset);
-    QVERIFY(QFileInfo::exists(config.filePath("kwFieldDeck/FormTest.ini")));
-    // --store may follow the file.
-    const Run second
-        = run(QStringList { "--screenshot", png, "three-lf.kwdef" } + store, {}, environment);
-    QCOMPARE(second.exitCode, 0);
-    QCOMPARE(lines(second.out), preset);
-    // Presets win over what was stored.
-    const Run third
-        = run(store + QStringList { "--set", "Size=99", "--screenshot", png, "three.kwdef" }, {},
-            environment);
-    QCOMPARE(lines(third.out), preset.mid(0, 2) + QStringList { "Size=99" });
-    // A note written by hand at the top of the store is kept, whole, beside the next save.
-    QFile file(config.filePath("kwFieldDeck/FormTest.ini"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray damaged = "# my settings\n" + file.readAll();
-    file.close();
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(damaged) == damaged.size());
-    file.close();
-    const Run fourth
-        = run(store + QStringList { "--set", "Size=5", "--screenshot", png, "three.kwdef" }, {},
-            environment);
-    QCOMPARE(fourth.exitCode, 0);
-    QVERIFY2(fourth.err.contains(file.fileName() + ".damaged"), qPrintable(fourth.err));
-    QFile aside(file.fileName() + ".damaged");
-    QVERIFY(aside.open(QIODevice::ReadOnly));
-    QCOMPARE(aside.readAll(), damaged);
-    const Run fifth
-        = run(store + QStringList { "--screenshot", png, "three.kwdef" }, {}, environment);
-    QCOMPARE(lines(fifth.out), preset.mid(0, 2) + QStringList { "Size=5" });
-}
-
-void tst_FormProgram::whatCannotRunExitsTwoWithAReason_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("reason");
-    const QStringList shot { "--screenshot", "out.png" }, in = shot + QStringList { "in.kwdef" };
-    auto row
-        = [](const char *name, const QStringList &arguments, const QString &reason,
-              const QByteArray &file = {}) { QTest::newRow(name) << arguments << file << reason; };
-    row("missing file", shot + QStringList { "no.kwdef" }, "\"no.kwdef\": the file does not exist");
-    row("a folder", shot + QStringList { "." }, "folder");
-    // The library's message names the user's file, not the CR LF copy read in its place.
-    row("LF file without header", in, "Does not Match! " + m_folder.filePath("in.kwdef"),
-        "ADDFIELD A\nTYPE=TEXT\nENDFIELD\n");
-    row("header with a trailing blank", in, "header \"Property Control Definition File\"",
-        crLf("Property Control Definition File \nADDFIELD A\nTYPE=TEXT\nENDFIELD\n"));
-    row("no complete block", in, "defines no field",
-        "Property Control Definition File\nADDFIELD A\nTYPE=TEXT\n");
-    row("no display and no --screenshot", { "three.kwdef" }, "--screenshot FILE.png");
-    row("no file", shot, "No definition file");
-    row("--store short", { "three.kwdef", "--store", "A", "B" }, "--store needs three values");
-    row("--set without =", { "--set", "Name", "three.kwdef" }, "NAME=VALUE");
-    row("--set of no field", shot + QStringList { "--set", "Colour=red", "three.kwdef" },
-        "--set names no field of the definition: Colour");
-    row("unknown option", { "--frobnicate", "three.kwdef" }, "frobnicate");
-}
-
-void tst_FormProgram::whatCannotRunExitsTwoWithAReason()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QByteArray, file);
-    QFETCH(QString, reason);
-    if (!file.isEmpty())
-        QVERIFY(!write(arguments.last(), file).isEmpty());
-    const Run result = run(arguments);
-    QCOMPARE(result.exitCode, 2);
-    QVERIFY2(result.err.contains(reason), qPrintable(result.err));
-    QCOMPARE(result.out, QString());
-    QVERIFY(!QFileInfo::exists(m_folder.filePath("out.png")));
-}
-
-// The shipped showcase where a newcomer finds it: named from the repository's root as the README
-// does, or by its whole path from anywhere.
-void tst_FormProgram::theShowcaseRunsFromAnyFolder_data()
-{
-    const QString examples = qEnvironmentVariable("KW_EXAMPLES_DIR");
-    QTest::addColumn<QString>("showcase");
-    QTest::addColumn<QString>("workingFolder");
-    QTest::newRow("repository root") << "examples/showcase.kwdef" << examples + "/..";
-    QTest::newRow("root folder") << examples + "/showcase.kwdef" << QDir::rootPath();
-    QTest::newRow("its own folder") << examples + "/showcase.kwdef" << examples;
-}
-
-void tst_FormProgram::theShowcaseRunsFromAnyFolder()
-{
-    QFETCH(QString, showcase);
-    QFETCH(QString, workingFolder);
-    const QStringList arguments { "--screenshot", m_folder.filePath("showcase.png"), showcase };
-    const Run result = run(arguments, workingFolder);
-    QCOMPARE(result.exitCode, 0);
-    // No message of the library (such as a combo database not found) and no reported error.
-    QVERIFY2(!result.err.contains("kwPropertyControl: "), qPrintable(result.err));
-    QVERIFY2(!result.err.contains(QRegularExpression("Error \\d+ \\(")), qPrintable(result.err));
-    const QStringList printed = lines(result.out);
-    QVERIFY(printed.size() >= 9);
-    for (const QString &line : printed)
-        QVERIFY2(line.indexOf('=') > 0, qPrintable(line));
-    // The combo filled from the database's colours table shows its value's entry.
-    QVERIFY2(printed.contains("Colour=4"), qPrintable(result.out));
-}
 
 QTEST_GUILESS_MAIN(tst_FormProgram)
 #include "tst_FormProgram.moc"

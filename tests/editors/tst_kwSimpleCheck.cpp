@@ -15,10 +15,13 @@ private slots:
         QTest::addColumn<bool>("onTheBox");
         QTest::addColumn<qint16>("start");
         QTest::addColumn<qint16>("after");
-        QTest::newRow("box, unchecked") << true << qint16(0) << qint16(1);
-        QTest::newRow("surface, checked") << false << qint16(1) << qint16(0);
         // A grayed box becomes checked, never unchecked: intended.
-        QTest::newRow("surface, grayed") << false << qint16(2) << qint16(1);
+        for (const bool onTheBox : { true, false }) {
+            const char *where = onTheBox ? "box" : "surface";
+            QTest::addRow("%s, unchecked", where) << onTheBox << qint16(0) << qint16(1);
+            QTest::addRow("%s, checked", where) << onTheBox << qint16(1) << qint16(0);
+            QTest::addRow("%s, grayed", where) << onTheBox << qint16(2) << qint16(1);
+        }
     }
     void clickTogglesTheBoxAndRaisesOneClick()
     {

@@ -18,46 +18,6 @@ using kwFieldDeck::test::GridHost;
 
 enum UserInput { Typed, PastedByKey, PastedFromMenu };
 
-class tst_Field : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void typeIsSetOnceButStillChanges();
-    void valueFollowsTheConventionOfItsType_data();
-    void valueFollowsTheConventionOfItsType();
-    void clickingACheckGivesOneSixteenBitChange();
-    void limitsReachDateAndSliderEditors();
-    void sizeKeepsTextSetByTheProgramWhole_data();
-    void sizeKeepsTextSetByTheProgramWhole();
-    void sizeLimitsWhatTheUserTypesOrPastes_data();
-    void sizeLimitsWhatTheUserTypesOrPastes();
-    void enabledVisibleAndColoursReachTheRow();
-    void membersForOtherTypesOnATextField();
-    void editFieldLeavesTheMemoOutAndKillReleases();
-    void editorsAreNamedForScreenReaders_data();
-    void editorsAreNamedForScreenReaders();
-};
-
-void tst_Field::typeIsSetOnceButStillChanges()
-{
-    GridHost host;
-    Field *field = host.add("Port");
-    const int controls = host.grid->Controls().Count();
-    test::MessageRecorder messages;
-    field->setFieldType(ftText);
-    QCOMPARE(host.grid->Controls().Count(), controls);
-    field->setFieldType(ftNumeric);
-    const QString warning = "Field:Port\r\nCan't Change Field Type once it has already been set!";
-    QCOMPARE(messages.prompts(), QStringList({ warning, warning }));
-    QCOMPARE(messages.messages.last().style, MsgBoxStyle::OKOnly);
-    QCOMPARE(messages.messages.last().title, QString());
-    QCOMPARE(field->FieldType(), qint32(ftNumeric));
-    // The earlier editor stays on the grid and stays referenced: intended.
-    QCOMPARE(host.grid->Controls().Count(), controls + 2);
-    QVERIFY(field->ValueTextBox() && field->ValueNumeric());
-}
-
 // What the type's editor shows: text, check or slider value, combo position or picker date.
 static QString shownBy(Field *field)
 {
@@ -78,261 +38,290 @@ static QString shownBy(Field *field)
     return QString();
 }
 
-void tst_Field::valueFollowsTheConventionOfItsType_data()
+class tst_Field : public QObject
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QStringList>("keys");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("read");
-    auto row = [](const char *name, lFieldTypes type, const QString &before, const QVariant &value,
-                   const char *shown, const char *read, const QStringList &keys = {}) {
-        QTest::newRow(name) << int(type) << keys << before << value << shown << read;
-    };
-    row("text", ftText, "", "abc", "abc", "abc");
-    row("text 16-bit", ftText, "", int16Value(42), "42", "42");
-    row("text date", ftText, "", QDate(2024, 3, 1), "2024-03-01", "2024-03-01");
-    row("text keeps out a boolean", ftText, "before", true, "before", "true");
-    row("text keeps out empty", ftText, "before", QVariant(), "before", "");
-    // An editor that changes runs its change chain, which stores the editor's own value.
-    row("numeric 12abc", ftNumeric, "", "12abc", "12", "12");
-    row("numeric abc", ftNumeric, "", "abc", "0", "abc");
-    row("numeric 3.7xyz", ftNumeric, "", "3.7xyz", "3.7", "3.7");
-    row("check true ", ftCheckBox, "", "true ", "1", "1");
-    row("check yes clears", ftCheckBox, "1", "yes", "0", "0");
-    row("check yes on a clear box", ftCheckBox, "", "yes", "0", "yes");
-    row("check TRUE on a ticked box", ftCheckBox, "1", "TRUE", "1", "1");
-    row("slider 3.7xyz", ftSlider, "", "3.7xyz", "4", "4");
-    row("date not a date", ftDate, "2024-03-01", "no date", "2024-03-01", "no date");
-    row("date", ftDate, "2024-03-01", QDate(2025, 1, 2), "2025-01-02", "2025-01-02");
-    row("combo all keyed reads item data", ftCombo, "", "20", "1", "20", { "10", "20" });
-    row("combo keyless last reads the text", ftCombo, "", "1", "1", "entry 1", { "10", "" });
-}
+    Q_OBJECT
 
-void tst_Field::valueFollowsTheConventionOfItsType()
-{
-    QFETCH(int, type);
-    QFETCH(QStringList, keys);
-    QFETCH(QString, before);
-    QFETCH(QVariant, value);
-    QFETCH(QString, shown);
-    QFETCH(QString, read);
-    GridHost host;
-    Field *field = host.add("Row", lFieldTypes(type), before);
-    for (int i = 0; i < keys.size(); ++i)
-        field->DropDownValues()->Add(keys[i], QStringLiteral("entry %1").arg(i));
-    field->setValue(value);
-    QCOMPARE(shownBy(field), shown);
-    QCOMPARE(field->Value().toString(), read);
-}
+private slots:
+    void typeIsSetOnceButStillChanges()
+    {
+        GridHost host;
+        Field *field = host.add("Port");
+        const int controls = host.grid->Controls().Count();
+        test::MessageRecorder messages;
+        field->setFieldType(ftText);
+        QCOMPARE(host.grid->Controls().Count(), controls);
+        field->setFieldType(ftNumeric);
+        const QString warning
+            = "Field:Port\r\nCan't Change Field Type once it has already been set!";
+        QCOMPARE(messages.prompts(), QStringList({ warning, warning }));
+        QCOMPARE(messages.messages.last().style, MsgBoxStyle::OKOnly);
+        QCOMPARE(messages.messages.last().title, QString());
+        QCOMPARE(field->FieldType(), qint32(ftNumeric));
+        // The earlier editor stays on the grid and stays referenced: intended.
+        QCOMPARE(host.grid->Controls().Count(), controls + 2);
+        QVERIFY(field->ValueTextBox() && field->ValueNumeric());
+    }
 
-void tst_Field::clickingACheckGivesOneSixteenBitChange()
-{
-    GridHost host;
-    Field *field = host.add("Enabled", ftCheckBox);
-    QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
-    QSignalSpy fieldChanged(field, &Field::Changed);
-    QTest::mouseClick(field->ValueCheckBox(), Qt::LeftButton);
-    QCOMPARE(field->ValueCheckBox()->Value(), qint16(1));
-    QCOMPARE(gridChanged.count(), 1);
-    QCOMPARE(fieldChanged.count(), 1);
-    const QVariant changedTo = fieldChanged.first().first();
-    QCOMPARE(changedTo.typeId(), QMetaType::Short);
-    QCOMPARE(changedTo.toInt(), 1);
-    QCOMPARE(field->Value(), changedTo);
-}
+    void valueFollowsTheConventionOfItsType_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("read");
+        auto row
+            = [](const char *name, lFieldTypes type, const QString &before, const QVariant &value,
+                  const char *shown, const char *read, const QStringList &keys = {}) {
+                  QTest::newRow(name) << int(type) << keys << before << value << shown << read;
+              };
+        row("text 16-bit", ftText, "", int16Value(42), "42", "42");
+        row("text date", ftText, "", QDate(2024, 3, 1), "2024-03-01", "2024-03-01");
+        row("text keeps out a boolean", ftText, "before", true, "before", "true");
+        row("text keeps out empty", ftText, "before", QVariant(), "before", "");
+        // An editor that changes runs its change chain, which stores the editor's own value.
+        row("numeric 12abc", ftNumeric, "", "12abc", "12", "12");
+        row("numeric abc", ftNumeric, "", "abc", "0", "abc");
+        row("numeric 3.7xyz", ftNumeric, "", "3.7xyz", "3.7", "3.7");
+        row("check true ", ftCheckBox, "", "true ", "1", "1");
+        row("check yes clears", ftCheckBox, "1", "yes", "0", "0");
+        row("check yes on a clear box", ftCheckBox, "", "yes", "0", "yes");
+        row("check TRUE on a ticked box", ftCheckBox, "1", "TRUE", "1", "1");
+        row("slider 3.7xyz", ftSlider, "", "3.7xyz", "4", "4");
+        row("date not a date", ftDate, "2024-03-01", "no date", "2024-03-01", "no date");
+        row("date", ftDate, "2024-03-01", QDate(2025, 1, 2), "2025-01-02", "2025-01-02");
+        row("combo all keyed reads item data", ftCombo, "", "20", "1", "20", { "10", "20" });
+        row("combo keyless last reads the text", ftCombo, "", "1", "1", "entry 1", { "10", "" });
+    }
 
-void tst_Field::limitsReachDateAndSliderEditors()
-{
-    GridHost host;
-    Field *slider = host.add("Level", ftSlider);
-    slider->setMin(2);
-    slider->setMax("50");
-    QCOMPARE(slider->ValueSlider()->Min(), 2);
-    QCOMPARE(slider->ValueSlider()->Max(), 50);
-    Field *field = host.add("Start", ftDate, "2024-03-01");
-    const QDate latest = field->ValueDate()->MaxDate();
-    // Min is still the number 0, not a date, so Max does not reach the picker: intended.
-    field->setMax(QDate(2030, 1, 1));
-    QCOMPARE(field->ValueDate()->MaxDate(), latest);
-    field->setMin(QDate(2020, 1, 1));
-    QCOMPARE(field->ValueDate()->MinDate(), QDate(2020, 1, 1));
-    field->setMax(QDate(2030, 1, 1));
-    QCOMPARE(field->ValueDate()->MaxDate(), QDate(2030, 1, 1));
-}
-
-void tst_Field::sizeKeepsTextSetByTheProgramWhole_data()
-{
-    QTest::addColumn<QString>("how");
-    QTest::newRow("Add") << "Add";
-    QTest::newRow("Value") << "Value";
-    QTest::newRow("definition") << "definition";
-}
-
-void tst_Field::sizeKeepsTextSetByTheProgramWhole()
-{
-    QFETCH(QString, how);
-    GridHost host;
-    const QString value = QStringLiteral("1234567890");
-    if (how == "definition")
-        host.grid->ReadDef(
-            test::defText("ADDFIELD Code|TYPE=TEXT|SIZE=5|VALUE=" + value + "|ENDFIELD"));
-    else
-        host.grid->Fields()->Add("Code", ftText, 5, how == "Add" ? value : "12");
-    Field *field = host.field("Code");
-    QVERIFY(field);
-    if (how == "Value")
+    void valueFollowsTheConventionOfItsType()
+    {
+        QFETCH(int, type);
+        QFETCH(QStringList, keys);
+        QFETCH(QString, before);
+        QFETCH(QVariant, value);
+        QFETCH(QString, shown);
+        QFETCH(QString, read);
+        GridHost host;
+        Field *field = host.add("Row", lFieldTypes(type), before);
+        for (int i = 0; i < keys.size(); ++i)
+            field->DropDownValues()->Add(keys[i], QStringLiteral("entry %1").arg(i));
         field->setValue(value);
-    QCOMPARE(field->ValueTextBox()->MaxLength(), 5);
-    QCOMPARE(field->ValueTextBox()->Text(), value);
-    QCOMPARE(field->Value(), textValue(value));
-}
-
-void tst_Field::sizeLimitsWhatTheUserTypesOrPastes_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<int>("selStart");
-    QTest::addColumn<int>("selLength");
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<UserInput>("how");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("typing stops") << "" << 0 << 0 << "abcdefg" << Typed << "abcde";
-    QTest::newRow("typing over a selection") << "abcde" << 1 << 2 << "xyz" << Typed << "axyde";
-    QTest::newRow("longer set text takes no key")
-        << "1234567" << 7 << 0 << "x" << Typed << "1234567";
-    QTest::newRow("paste is cut") << "abc" << 3 << 0 << "123456" << PastedByKey << "abc12";
-    QTest::newRow("paste over all") << "abcde" << 0 << 5 << "123456789" << PastedByKey << "12345";
-    QTest::newRow("paste into a full box") << "abcde" << 2 << 0 << "x" << PastedByKey << "abcde";
-    QTest::newRow("paste from the menu") << "ab" << 0 << 0 << "123456" << PastedFromMenu << "123ab";
-}
-
-void tst_Field::sizeLimitsWhatTheUserTypesOrPastes()
-{
-    QFETCH(QString, before);
-    QFETCH(int, selStart);
-    QFETCH(int, selLength);
-    QFETCH(QString, input);
-    QFETCH(UserInput, how);
-    QFETCH(QString, after);
-    GridHost host;
-    QVERIFY(host.shown);
-    Field *field = host.grid->Fields()->Add("Code", ftText, 5, before);
-    QLineEdit *edit = field->ValueTextBox()->lineEdit();
-    field->SetFocus();
-    QTRY_VERIFY(edit->hasFocus());
-    edit->setSelection(selStart, selLength);
-    QGuiApplication::clipboard()->setText(input);
-    if (how == Typed) {
-        QTest::keyClicks(edit, input);
-    } else if (how == PastedByKey) {
-        QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
-    } else {
-        QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, QPoint(2, 2));
-        QCoreApplication::sendEvent(edit, &menuEvent);
-        QTRY_VERIFY(QApplication::activePopupWidget());
-        QWidget *menu = QApplication::activePopupWidget();
-        const QList<QAction *> actions = menu->actions();
-        auto paste = std::find_if(actions.begin(), actions.end(),
-            [](QAction *action) { return action->text().startsWith("&Paste"); });
-        QVERIFY(paste != actions.end());
-        (*paste)->trigger();
-        menu->close();
+        QCOMPARE(shownBy(field), shown);
+        QCOMPARE(field->Value().toString(), read);
     }
-    QCOMPARE(edit->text(), after);
-    QCOMPARE(field->Value(), textValue(after));
-}
 
-void tst_Field::enabledVisibleAndColoursReachTheRow()
-{
-    GridHost host;
-    Field *text = host.add("Host");
-    Field *date = host.add("Start", ftDate);
-    const OleColor dateBack = date->ValueDate()->BackColor();
-    for (Field *field : { text, date }) {
-        field->setEnabled(false);
-        field->setVisible(false);
-        field->setBackColor(0x00FFEEDD);
-        QVERIFY(!field->FieldNameControl()->Enabled());
-        QVERIFY(!field->FieldNameControl()->Visible());
-        QVERIFY(!field->EditorControl()->Visible());
+    void clickingACheckGivesOneSixteenBitChange()
+    {
+        GridHost host;
+        Field *field = host.add("Enabled", ftCheckBox);
+        QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
+        QSignalSpy fieldChanged(field, &Field::Changed);
+        QTest::mouseClick(field->ValueCheckBox(), Qt::LeftButton);
+        QCOMPARE(field->ValueCheckBox()->Value(), qint16(1));
+        QCOMPARE(gridChanged.count(), 1);
+        QCOMPARE(fieldChanged.count(), 1);
+        const QVariant changedTo = fieldChanged.first().first();
+        QCOMPARE(changedTo.typeId(), QMetaType::Short);
+        QCOMPARE(changedTo.toInt(), 1);
+        QCOMPARE(field->Value(), changedTo);
     }
-    QVERIFY(!text->ValueTextBox()->Enabled());
-    QVERIFY(!date->ValueDate()->Enabled());
-    QCOMPARE(text->ValueTextBox()->BackColor(), OleColor(0x00FFEEDD));
-    // The date picker keeps its own colours: intended.
-    QCOMPARE(date->ValueDate()->BackColor(), dateBack);
-}
 
-void tst_Field::membersForOtherTypesOnATextField()
-{
-    GridHost host;
-    QVERIFY(host.shown);
-    host.addRows(2);
-    Field *text = host.grid->Fields()->Item(2);
-    test::ErrorRecorder errors;
-    text->setInitDir("/tmp");
-    text->setTitle("Pick");
-    QCOMPARE(text->InitDir(), QString());
-    QCOMPARE(text->Title(), QString());
-    QVERIFY(errors.errors.isEmpty());
-    // Min moves the focus to a text field's box, and Filter goes to the file selector
-    // unguarded, so a text field reports it: both intended.
-    text->setMin(1);
-    QVERIFY(text->ValueTextBox()->hasFocus());
-    text->setFilter("Text|*.txt");
-    QCOMPARE(errors.sources(), QStringList { "Property 'Filter' of Class Module 'Field'" });
-    QCOMPARE(errors.errors.first().number, 91);
-}
-
-void tst_Field::editFieldLeavesTheMemoOutAndKillReleases()
-{
-    GridHost host;
-    Field *text = host.add("Host");
-    Field *memo = host.add("Notes", ftMemo);
-    TextBox *editor = text->ValueTextBox();
-    QCOMPARE(text->EditField(), editor);
-    QVERIFY(memo->Memo());
-    QVERIFY(!memo->EditField());
-    // Kill only lets go of the editor; the row's controls stay on the grid.
-    text->Kill();
-    QVERIFY(!text->ValueTextBox());
-    QVERIFY(editor->Visible());
-    QVERIFY(text->FieldNameControl());
-}
-
-void tst_Field::editorsAreNamedForScreenReaders_data()
-{
-    QTest::addColumn<int>("type");
-    const QStringList names = fieldTypeNames().split(QLatin1Char(','));
-    for (int type = ftText; type <= ftMemo; ++type)
-        QTest::newRow(qPrintable(names[type - 1])) << type;
-}
-
-void tst_Field::editorsAreNamedForScreenReaders()
-{
-    QFETCH(int, type);
-    GridHost host;
-    Field *field = host.add("Port", lFieldTypes(type), {}, "TCP port");
-    field->setDescription("Port the server listens on");
-    // The row's editor is the last control the grid created; every part that takes the focus
-    // must say which field it edits.
-    Control *editor = nullptr;
-    for (Control *control : host.grid->Controls())
-        editor = control;
-    QWidget *root = editor->widget();
-    QList<QWidget *> parts = root->findChildren<QWidget *>();
-    parts.prepend(root);
-    int named = 0;
-    for (const QWidget *part : std::as_const(parts)) {
-        if (part->focusPolicy() == Qt::NoFocus)
-            continue;
-        QCOMPARE(part->accessibleName(), QStringLiteral("Port"));
-        QCOMPARE(part->accessibleDescription(), QStringLiteral("Port the server listens on"));
-        ++named;
+    void limitsReachDateAndSliderEditors()
+    {
+        GridHost host;
+        Field *slider = host.add("Level", ftSlider);
+        slider->setMin(2);
+        slider->setMax("50");
+        QCOMPARE(slider->ValueSlider()->Min(), 2);
+        QCOMPARE(slider->ValueSlider()->Max(), 50);
+        Field *field = host.add("Start", ftDate, "2024-03-01");
+        const QDate latest = field->ValueDate()->MaxDate();
+        // Min is still the number 0, not a date, so Max does not reach the picker: intended.
+        field->setMax(QDate(2030, 1, 1));
+        QCOMPARE(field->ValueDate()->MaxDate(), latest);
+        field->setMin(QDate(2020, 1, 1));
+        QCOMPARE(field->ValueDate()->MinDate(), QDate(2020, 1, 1));
+        field->setMax(QDate(2030, 1, 1));
+        QCOMPARE(field->ValueDate()->MaxDate(), QDate(2030, 1, 1));
     }
-    QVERIFY(named > 0);
-}
+
+    void sizeKeepsTextSetByTheProgramWhole_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("Add") << "Add";
+        QTest::newRow("Value") << "Value";
+        QTest::newRow("definition") << "definition";
+    }
+
+    void sizeKeepsTextSetByTheProgramWhole()
+    {
+        QFETCH(QString, how);
+        GridHost host;
+        const QString value = QStringLiteral("1234567890");
+        if (how == "definition")
+            host.grid->ReadDef(
+                test::defText("ADDFIELD Code|TYPE=TEXT|SIZE=5|VALUE=" + value + "|ENDFIELD"));
+        else
+            host.grid->Fields()->Add("Code", ftText, 5, how == "Add" ? value : "12");
+        Field *field = host.field("Code");
+        QVERIFY(field);
+        if (how == "Value")
+            field->setValue(value);
+        QCOMPARE(field->ValueTextBox()->MaxLength(), 5);
+        QCOMPARE(field->ValueTextBox()->Text(), value);
+        QCOMPARE(field->Value(), textValue(value));
+    }
+
+    void sizeLimitsWhatTheUserTypesOrPastes_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("selStart");
+        QTest::addColumn<int>("selLength");
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<UserInput>("how");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("typing stops") << "" << 0 << 0 << "abcdefg" << Typed << "abcde";
+        QTest::newRow("typing over a selection") << "abcde" << 1 << 2 << "xyz" << Typed << "axyde";
+        QTest::newRow("longer set text takes no key")
+            << "1234567" << 7 << 0 << "x" << Typed << "1234567";
+        QTest::newRow("paste is cut") << "abc" << 3 << 0 << "123456" << PastedByKey << "abc12";
+        QTest::newRow("paste over all")
+            << "abcde" << 0 << 5 << "123456789" << PastedByKey << "12345";
+        QTest::newRow("paste into a full box")
+            << "abcde" << 2 << 0 << "x" << PastedByKey << "abcde";
+        QTest::newRow("paste from the menu")
+            << "ab" << 0 << 0 << "123456" << PastedFromMenu << "123ab";
+    }
+
+    void sizeLimitsWhatTheUserTypesOrPastes()
+    {
+        QFETCH(QString, before);
+        QFETCH(int, selStart);
+        QFETCH(int, selLength);
+        QFETCH(QString, input);
+        QFETCH(UserInput, how);
+        QFETCH(QString, after);
+        GridHost host;
+        QVERIFY(host.shown);
+        Field *field = host.grid->Fields()->Add("Code", ftText, 5, before);
+        QLineEdit *edit = field->ValueTextBox()->lineEdit();
+        field->SetFocus();
+        QTRY_VERIFY(edit->hasFocus());
+        edit->setSelection(selStart, selLength);
+        QGuiApplication::clipboard()->setText(input);
+        if (how == Typed) {
+            QTest::keyClicks(edit, input);
+        } else if (how == PastedByKey) {
+            QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+        } else {
+            QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, QPoint(2, 2));
+            QCoreApplication::sendEvent(edit, &menuEvent);
+            QTRY_VERIFY(QApplication::activePopupWidget());
+            QWidget *menu = QApplication::activePopupWidget();
+            const QList<QAction *> actions = menu->actions();
+            auto paste = std::find_if(actions.begin(), actions.end(),
+                [](QAction *action) { return action->text().startsWith("&Paste"); });
+            QVERIFY(paste != actions.end());
+            (*paste)->trigger();
+            menu->close();
+        }
+        QCOMPARE(edit->text(), after);
+        QCOMPARE(field->Value(), textValue(after));
+    }
+
+    void enabledVisibleAndColoursReachTheRow()
+    {
+        GridHost host;
+        Field *text = host.add("Host");
+        Field *date = host.add("Start", ftDate);
+        const OleColor dateBack = date->ValueDate()->BackColor();
+        for (Field *field : { text, date }) {
+            field->setEnabled(false);
+            field->setVisible(false);
+            field->setBackColor(0x00FFEEDD);
+            QVERIFY(!field->FieldNameControl()->Enabled());
+            QVERIFY(!field->FieldNameControl()->Visible());
+            QVERIFY(!field->EditorControl()->Visible());
+        }
+        QVERIFY(!text->ValueTextBox()->Enabled());
+        QVERIFY(!date->ValueDate()->Enabled());
+        QCOMPARE(text->ValueTextBox()->BackColor(), OleColor(0x00FFEEDD));
+        // The date picker keeps its own colours: intended.
+        QCOMPARE(date->ValueDate()->BackColor(), dateBack);
+    }
+
+    void membersForOtherTypesOnATextField()
+    {
+        GridHost host;
+        QVERIFY(host.shown);
+        host.addRows(2);
+        Field *text = host.grid->Fields()->Item(2);
+        test::ErrorRecorder errors;
+        text->setInitDir("/tmp");
+        text->setTitle("Pick");
+        QCOMPARE(text->InitDir(), QString());
+        QCOMPARE(text->Title(), QString());
+        QVERIFY(errors.errors.isEmpty());
+        // Min moves the focus to a text field's box, and Filter goes to the file selector
+        // unguarded, so a text field reports it: both intended.
+        text->setMin(1);
+        QVERIFY(text->ValueTextBox()->hasFocus());
+        text->setFilter("Text|*.txt");
+        QCOMPARE(errors.sources(), QStringList { "Property 'Filter' of Class Module 'Field'" });
+        QCOMPARE(errors.errors.first().number, 91);
+    }
+
+    void editFieldLeavesTheMemoOutAndKillReleases()
+    {
+        GridHost host;
+        Field *text = host.add("Host");
+        Field *memo = host.add("Notes", ftMemo);
+        TextBox *editor = text->ValueTextBox();
+        QCOMPARE(text->EditField(), editor);
+        QVERIFY(memo->Memo());
+        QVERIFY(!memo->EditField());
+        // Kill only lets go of the editor; the row's controls stay on the grid.
+        text->Kill();
+        QVERIFY(!text->ValueTextBox());
+        QVERIFY(editor->Visible());
+        QVERIFY(text->FieldNameControl());
+    }
+
+    void editorsAreNamedForScreenReaders_data()
+    {
+        QTest::addColumn<int>("type");
+        const QStringList names = fieldTypeNames().split(QLatin1Char(','));
+        for (int type = ftText; type <= ftMemo; ++type)
+            QTest::newRow(qPrintable(names[type - 1])) << type;
+    }
+
+    void editorsAreNamedForScreenReaders()
+    {
+        QFETCH(int, type);
+        GridHost host;
+        Field *field = host.add("Port", lFieldTypes(type), {}, "TCP port");
+        field->setDescription("Port the server listens on");
+        // The row's editor is the last control the grid created; every part that takes the focus
+        // must say which field it edits.
+        Control *editor = nullptr;
+        for (Control *control : host.grid->Controls())
+            editor = control;
+        QWidget *root = editor->widget();
+        QList<QWidget *> parts = root->findChildren<QWidget *>();
+        parts.prepend(root);
+        int named = 0;
+        for (const QWidget *part : std::as_const(parts)) {
+            if (part->focusPolicy() == Qt::NoFocus)
+                continue;
+            QCOMPARE(part->accessibleName(), QStringLiteral("Port"));
+            QCOMPARE(part->accessibleDescription(), QStringLiteral("Port the server listens on"));
+            ++named;
+        }
+        QVERIFY(named > 0);
+    }
+};
 
 QTEST_MAIN(tst_Field)
 #include "tst_Field.moc"

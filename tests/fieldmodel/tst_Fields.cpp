@@ -12,108 +12,97 @@ class tst_Fields : public QObject
     Q_OBJECT
 
 private slots:
-    void namesIgnoreCaseAndADuplicateIsRefused();
-    void addSetsTheGivenProperties();
-    void missingItemIsReportedAndNull();
-    void removeAndClearHideTheRows();
-    void addWithoutGridIsReported();
-};
-
-void tst_Fields::namesIgnoreCaseAndADuplicateIsRefused()
-{
-    GridHost host;
-    Fields *fields = host.grid->Fields();
-    test::MessageRecorder messages;
-    test::ErrorRecorder errors;
-    Field *port = host.add("Port");
-    QVERIFY(!host.add("port"));
-    QCOMPARE(messages.messages.size(), 1);
-    QCOMPARE(messages.messages.first().prompt,
-        QStringLiteral("Field: port already exists in Fields Collection!"));
-    QCOMPARE(messages.messages.first().style, MsgBoxStyle::OKOnly);
-    QCOMPARE(messages.messages.first().title, QString());
-    QCOMPARE(fields->Count(), 1);
-    QVERIFY(errors.errors.isEmpty());
-    Field *name = host.add("name");
-    QCOMPARE(fields->Item("PORT"), port);
-    QCOMPARE(fields->Item(int16Value(2)), name);
-    QCOMPARE(QList<Field *>(fields->begin(), fields->end()), (QList<Field *> { port, name }));
-}
-
-void tst_Fields::addSetsTheGivenProperties()
-{
-    GridHost host;
-    Fields *fields = host.grid->Fields();
-    Field *text = fields->Add("Host", ftText, 5, "a.org", "About");
-    QCOMPARE(text->Value(), textValue("a.org"));
-    QCOMPARE(text->ValueTextBox()->Text(), QStringLiteral("a.org"));
-    QCOMPARE(text->ValueTextBox()->MaxLength(), 5);
-    QCOMPARE(text->Description(), QStringLiteral("About"));
-    // Without a value a numeric field shows 0; Size limits only text fields.
-    Field *numeric = fields->Add("Port", ftNumeric, 5);
-    QCOMPARE(numeric->Value(), doubleValue(0));
-    QCOMPARE(numeric->ValueNumeric()->Text(), QStringLiteral("0"));
-    QCOMPARE(numeric->ValueNumeric()->MaxLength(), 0);
-}
-
-void tst_Fields::missingItemIsReportedAndNull()
-{
-    GridHost host;
-    host.add("Port");
-    test::ErrorRecorder errors;
-    for (const QVariant &missing : { QVariant("Nothing"), QVariant(0), QVariant(2) }) {
-        QVERIFY(!host.grid->Fields()->Item(missing));
-        host.grid->Fields()->Remove(missing);
-        QCOMPARE(errors.sources().mid(errors.sources().size() - 2),
-            (QStringList { "Property 'Item' of Class Module 'Fields'",
-                "Sub 'Remove' of Class Module 'Fields'" }));
+    void namesIgnoreCaseAndADuplicateIsRefused()
+    {
+        GridHost host;
+        Fields *fields = host.grid->Fields();
+        test::MessageRecorder messages;
+        test::ErrorRecorder errors;
+        Field *port = host.add("Port");
+        QVERIFY(!host.add("port"));
+        QCOMPARE(messages.messages.size(), 1);
+        QCOMPARE(messages.messages.first().prompt,
+            QStringLiteral("Field: port already exists in Fields Collection!"));
+        QCOMPARE(messages.messages.first().style, MsgBoxStyle::OKOnly);
+        QCOMPARE(messages.messages.first().title, QString());
+        QCOMPARE(fields->Count(), 1);
+        QVERIFY(errors.errors.isEmpty());
+        Field *name = host.add("name");
+        QCOMPARE(fields->Item("PORT"), port);
+        QCOMPARE(fields->Item(int16Value(2)), name);
+        QCOMPARE(QList<Field *>(fields->begin(), fields->end()), (QList<Field *> { port, name }));
     }
-    QCOMPARE(host.grid->Fields()->Count(), 1);
-}
 
-void tst_Fields::removeAndClearHideTheRows()
-{
-    GridHost host;
-    host.addRows(3);
-    host.grid->Refresh(true);
-    Fields *fields = host.grid->Fields();
-    QPointer<Field> first = fields->Item(1);
-    Field *last = fields->Item(3);
-    TextBox *editor = first->ValueTextBox();
-    fields->Remove("ROW1");
-    QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row2"));
-    // The rows below keep their places until the next layout: intended.
-    QCOMPARE(fields->Item(1)->FieldNameControl()->Top(), 300.0f);
-    QCOMPARE(host.picInner()->Height(), 900.0f);
-    QVERIFY(!first->FieldNameControl()->Visible());
-    QVERIFY(!editor->Visible());
-    QVERIFY(!first->ValueTextBox());
-    // The editor is still on the grid, but no longer tells the field anything.
-    QSignalSpy changed(first.data(), &Field::Changed);
-    editor->setText("typed");
-    QCOMPARE(changed.count(), 0);
-    QCoreApplication::processEvents();
-    QVERIFY(first); // a host may still hold the removed field
-    // Clear hides the rows but keeps their editor references, unlike Remove, and lays out.
-    fields->Clear();
-    QCOMPARE(fields->Count(), 0);
-    QVERIFY(!last->FieldNameControl()->Visible());
-    QVERIFY(!last->ValueTextBox()->Visible());
-    QCOMPARE(host.picInner()->Height(), 0.0f);
-    QCOMPARE(host.add("Again")->FieldNameControl()->Top(), 0.0f);
-}
+    // What Add gives a text field is the size test's; the description, the interaction test's.
+    void aNumericFieldAddedWithoutAValueShowsZeroAndTakesNoSize()
+    {
+        GridHost host;
+        Field *numeric = host.grid->Fields()->Add("Port", ftNumeric, 5);
+        QCOMPARE(numeric->Value(), doubleValue(0));
+        QCOMPARE(numeric->ValueNumeric()->Text(), QStringLiteral("0"));
+        QCOMPARE(numeric->ValueNumeric()->MaxLength(), 0);
+    }
 
-void tst_Fields::addWithoutGridIsReported()
-{
-    Fields fields;
-    test::ErrorRecorder errors;
-    test::MessageRecorder messages;
-    QVERIFY(!fields.Add("Port", ftText));
-    QVERIFY(errors.sources().contains("Property 'FieldType' of Class Module 'Field'"));
-    QCOMPARE(errors.sources().last(), QStringLiteral("Function 'Add' of Class Module 'Fields'"));
-    QCOMPARE(errors.errors.last().number, 91);
-    QCOMPARE(fields.Count(), 0);
-}
+    void missingItemIsReportedAndNull()
+    {
+        GridHost host;
+        host.add("Port");
+        test::ErrorRecorder errors;
+        for (const QVariant &missing : { QVariant("Nothing"), QVariant(0), QVariant(2) }) {
+            QVERIFY(!host.grid->Fields()->Item(missing));
+            host.grid->Fields()->Remove(missing);
+            QCOMPARE(errors.sources().mid(errors.sources().size() - 2),
+                (QStringList { "Property 'Item' of Class Module 'Fields'",
+                    "Sub 'Remove' of Class Module 'Fields'" }));
+        }
+        QCOMPARE(host.grid->Fields()->Count(), 1);
+    }
+
+    void removeAndClearHideTheRows()
+    {
+        GridHost host;
+        host.addRows(3);
+        host.grid->Refresh(true);
+        Fields *fields = host.grid->Fields();
+        QPointer<Field> first = fields->Item(1);
+        Field *last = fields->Item(3);
+        TextBox *editor = first->ValueTextBox();
+        fields->Remove("ROW1");
+        QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row2"));
+        // The rows below keep their places until the next layout: intended.
+        QCOMPARE(fields->Item(1)->FieldNameControl()->Top(), 300.0f);
+        QCOMPARE(host.picInner()->Height(), 900.0f);
+        QVERIFY(!first->FieldNameControl()->Visible());
+        QVERIFY(!editor->Visible());
+        QVERIFY(!first->ValueTextBox());
+        // The editor is still on the grid, but no longer tells the field anything.
+        QSignalSpy changed(first.data(), &Field::Changed);
+        editor->setText("typed");
+        QCOMPARE(changed.count(), 0);
+        QCoreApplication::processEvents();
+        QVERIFY(first); // a host may still hold the removed field
+        // Clear hides the rows but keeps their editor references, unlike Remove, and lays out.
+        fields->Clear();
+        QCOMPARE(fields->Count(), 0);
+        QVERIFY(!last->FieldNameControl()->Visible());
+        QVERIFY(!last->ValueTextBox()->Visible());
+        QCOMPARE(host.picInner()->Height(), 0.0f);
+        QCOMPARE(host.add("Again")->FieldNameControl()->Top(), 0.0f);
+    }
+
+    void addWithoutGridIsReported()
+    {
+        Fields fields;
+        test::ErrorRecorder errors;
+        test::MessageRecorder messages;
+        QVERIFY(!fields.Add("Port", ftText));
+        QVERIFY(errors.sources().contains("Property 'FieldType' of Class Module 'Field'"));
+        QCOMPARE(
+            errors.sources().last(), QStringLiteral("Function 'Add' of Class Module 'Fields'"));
+        QCOMPARE(errors.errors.last().number, 91);
+        QCOMPARE(fields.Count(), 0);
+    }
+};
 
 QTEST_MAIN(tst_Fields)
 #include "tst_Fields.moc"

@@ -347,9 +347,9 @@ private slots:
 
     void truncatedFilesKeepWhatWasRead()
     {
-        QFile showcase(qEnvironmentVariable("KW_EXAMPLES_DIR") + "/showcase.kwdef");
-        QVERIFY(showcase.open(QIODevice::ReadOnly));
-        const QByteArray whole = showcase.readAll();
+        const QByteArray whole
+            = readFile(qEnvironmentVariable("KW_EXAMPLES_DIR") + "/showcase.kwdef");
+        QVERIFY(!whole.isEmpty());
         MessageRecorder messages;
         GridHost complete;
         complete.grid->LoadDefFile(write("whole.kwdef", whole));
@@ -392,10 +392,7 @@ private slots:
 private:
     QString write(const QString &name, const QByteArray &bytes)
     {
-        QFile file(m_dir.filePath(name));
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
-            ? file.fileName()
-            : QString();
+        return writeFile(m_dir.filePath(name), bytes);
     }
 
     QTemporaryDir m_dir;

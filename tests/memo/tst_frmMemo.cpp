@@ -11,6 +11,8 @@
 #include "platform/StatusBar.h"
 #include "platform/StatusBarPanel.h"
 
+#include "TestSupport.h"
+
 #include <QtTest>
 #include <QtWidgets>
 
@@ -93,8 +95,7 @@ private slots:
     {
         QTest::addColumn<QStringList>("files");
         QTest::addColumn<QString>("expected");
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("line one\nline two") > 0);
+        QVERIFY(!test::writeFile(m_file, "line one\nline two").isEmpty());
         QTest::newRow("one file") << QStringList { m_file } << "line one\r\nline two";
         QTest::newRow("two files") << QStringList { m_file, m_file } << "kept";
     }
@@ -147,10 +148,9 @@ private slots:
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), expected);
         if (damagedStore) {
-            QFile store(SettingsStore::filePath(QCoreApplication::applicationName()));
+            const QString store = SettingsStore::filePath(QCoreApplication::applicationName());
             QVERIFY(QDir().mkpath(QFileInfo(store).absolutePath()));
-            QVERIFY(store.open(QIODevice::WriteOnly));
-            store.write("# my settings\n[Other]\nkept=1\n");
+            QVERIFY(!test::writeFile(store, "# my settings\n[Other]\nkept=1\n").isEmpty());
         }
         // Escape hides the window, keeping the text and storing the font.
         QTest::keyClick(memo.txtMemo->widget(), Qt::Key_Escape);
