@@ -216,7 +216,8 @@ private slots:
         } else if (how == PastedByKey) {
             QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
         } else {
-            QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, QPoint(2, 2));
+            QContextMenuEvent menuEvent(
+                QContextMenuEvent::Mouse, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
             QCoreApplication::sendEvent(edit, &menuEvent);
             QTRY_VERIFY(QApplication::activePopupWidget());
             QWidget *menu = QApplication::activePopupWidget();

@@ -63,7 +63,7 @@ public:
             form.Hide();
             // The desktop hands the activation back to the window the memo window came from.
             window.activateWindow();
-            QTest::qWaitForWindowActive(&window);
+            QVERIFY(QTest::qWaitForWindowActive(&window));
         })
     {
         grid->setDescriptionLabel(&description);
@@ -85,7 +85,7 @@ public:
         QTest::keyClick(popup, Qt::Key_Escape);
         QCoreApplication::processEvents();
         window.activateWindow();
-        QTest::qWaitForWindowActive(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
     }
 
     // A field of the type with a typical value; its description names it.
