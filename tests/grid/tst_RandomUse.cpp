@@ -288,6 +288,7 @@ private slots:
         };
         RandomUser random(user, seed);
         QStringList done;
+        bool hadFocus = false;
         for (int step = 0; step < actions; ++step) {
             random.lastWrittenField = nullptr;
             changed.clear();
@@ -317,6 +318,14 @@ private slots:
             }
             const QString refused = refusedCharacterShown(*user.grid->Fields());
             QVERIFY2(refused.isEmpty(), (replay() + " shows " + refused.toUtf8()).constData());
+            // Once a row has the focus, the window keeps it, and the row that has it is the one
+            // highlighted.
+            hadFocus = hadFocus || QApplication::focusWidget();
+            QVERIFY2(!hadFocus || QApplication::focusWidget(),
+                (replay() + " lost the focus").constData());
+            if (Field *focused = user.focusedField())
+                QVERIFY2(user.highlighted() == QVector<Field *> { focused },
+                    (replay() + " focus is in " + focused->Name().toUtf8()).constData());
         }
     }
 };
