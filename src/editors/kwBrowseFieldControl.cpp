@@ -5,8 +5,8 @@
 
 namespace kwFieldDeck {
 
-kwBrowseFieldControl::kwBrowseFieldControl(const char *controlName, QWidget *parent)
-    : kwEditorControl(controlName, parent)
+kwBrowseFieldControl::kwBrowseFieldControl(const char *controlName)
+    : kwEditorControl(controlName)
 {
     Text1 = addChild<TextBox>("Text1");
     btnBrowse = addChild<CommandButton>("btnBrowse");

@@ -24,7 +24,7 @@ signals:
     void Change();
 
 protected:
-    kwBrowseFieldControl(const char *controlName, QWidget *parent);
+    kwBrowseFieldControl(const char *controlName);
 
     // Text1 raises KeyDown and KeyPress through Text1_KeyDown and Text1_KeyPress; an editor
     // whose text box has no key events does not ask for them.

@@ -11,8 +11,8 @@ namespace {
 const bool registered = registerEditor<kwComboField>("kwComboField");
 } // namespace
 
-kwComboField::kwComboField(QWidget *parent)
-    : kwEditorControl("kwComboField", parent)
+kwComboField::kwComboField()
+    : kwEditorControl("kwComboField")
 {
     Q_UNUSED(registered)
     cbo = addChild<ComboBox>("cbo");
@@ -128,7 +128,7 @@ void kwComboField::UserControl_Resize()
         cbo->setTop(15);
         cbo->setWidth(ScaleWidth() - 20);
         // The height follows the combo box's font, within the cell.
-        const float natural = float(cbo->widget()->sizeHint().height() * twipsPerPixelY());
+        const float natural = cbo->naturalHeight(cbo->Font());
         cbo->setHeight(std::max(0.0f, std::min(natural, extenderHeight() - 15)));
     });
 }

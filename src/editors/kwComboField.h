@@ -15,7 +15,7 @@ class kwComboField : public kwEditorControl
     Q_PROPERTY(bool UseItemData READ UseItemData WRITE setUseItemData)
     Q_PROPERTY(qint16 Style READ Style)
 public:
-    explicit kwComboField(QWidget *parent = nullptr);
+    kwComboField();
 
     QString Value() const;
     void setValue(const QString &value);

@@ -9,12 +9,9 @@
 
 namespace kwFieldDeck {
 
-kwEditorControl::kwEditorControl(const char *controlName, QWidget *parent)
-    : UserControl(parent)
-    , m_controlName(controlName)
+kwEditorControl::kwEditorControl(const char *controlName)
+    : m_controlName(controlName)
 {
-    // The focus belongs to the children; the surface takes it only when given it in code.
-    setFocusPolicy(Qt::NoFocus);
 }
 
 kwEditorControl::~kwEditorControl() = default;
@@ -145,7 +142,7 @@ void kwEditorControl::setWidth(float width)
     trap(source("Property", "Width").constData(), [&] {
         if (width < 0)
             kwFieldDeck::raise(ErrInvalidCall);
-        resize(twipsToPixelsX(width), height());
+        resizeSurface(width);
     });
 }
 

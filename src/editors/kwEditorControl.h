@@ -3,7 +3,7 @@
 #include "platform/ClassFactory.h"
 #include "platform/Colors.h"
 #include "platform/Error.h"
-#include "platform/UserControl.h"
+#include "platform/WindowlessUserControl.h"
 
 #include <QByteArray>
 #include <QFont>
@@ -25,7 +25,7 @@ class PropertyBag;
 // frame keeps it on the host surface (BackColor, BackStyle, BorderStyle) or in a member
 // (ForeColor, Enabled, Font), and an editor overrides the accessors whose target is elsewhere.
 // Top, Left, Height, Visible and Move go through the extender; Width is the host surface's own.
-class kwEditorControl : public UserControl
+class kwEditorControl : public WindowlessUserControl
 {
     Q_OBJECT
     Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
@@ -50,13 +50,13 @@ public:
     virtual void setBackColor(OleColor color);
     virtual OleColor ForeColor() const;
     virtual void setForeColor(OleColor color);
+    // An editor's Enabled is its own property, kept or applied to its children as each editor
+    // says; the extender's Enabled disables the whole.
     virtual bool Enabled() const;
-    // Hides QWidget::setEnabled on purpose: an editor's Enabled is its own property, kept or
-    // applied to its children as each editor says; the extender's Enabled disables the whole.
     virtual void setEnabled(bool enabled);
+    // The font is kept or handed to a child as each editor says, while the host surface keeps
+    // the font it measures with.
     virtual QFont Font() const;
-    // Hides QWidget::setFont on purpose: the font is kept or handed to a child as each editor
-    // says, while the host surface keeps the font it measures with.
     virtual void setFont(const QFont &font);
     virtual qint16 BackStyle() const;
     virtual void setBackStyle(qint16 style);
@@ -78,8 +78,7 @@ public:
     // The host surface's own width, not the extender's; this asymmetry with Height is intended.
     float Width() const;
     void setWidth(float width);
-    // Through the extender; it is shown and hidden by the extender's setVisible, since
-    // QWidget::setVisible must stay the widget's own.
+    // Through the extender; it is shown and hidden by the extender's setVisible.
     bool Visible() const;
 
     // Gives the focus to the child that takes it (focusTarget()). The row-focus routine asks
@@ -107,7 +106,7 @@ signals:
     void MouseUp(int Button, int Shift, float X, float Y);
 
 protected:
-    explicit kwEditorControl(const char *controlName, QWidget *parent = nullptr);
+    explicit kwEditorControl(const char *controlName);
 
     // A child fixed at design time: created by its class identifier on this surface, and
     // visible, as design-time children are.
@@ -115,7 +114,7 @@ protected:
     Child *addChild(const char *name)
     {
         auto *child = static_cast<Child *>(
-            Controls().Add(QLatin1String(Child::ClassId), QLatin1String(name), this));
+            Controls().Add(QLatin1String(Child::ClassId), QLatin1String(name), extender()));
         child->setVisible(true);
         return child;
     }
@@ -197,8 +196,8 @@ private:
 template <typename Editor>
 bool registerEditor(const char *className)
 {
-    return ClassFactory::registerUserControl<Editor>(
-        libraryTitle() + QLatin1Char('.') + QLatin1String(className));
+    return ClassFactory::registerClass(libraryTitle() + QLatin1Char('.') + QLatin1String(className),
+        &WindowlessUserControl::create<Editor>);
 }
 
 } // namespace kwFieldDeck

@@ -16,8 +16,8 @@ const QString defaultInitDir = QStringLiteral("C:\\");
 const QString defaultFilter = QStringLiteral("All Files (*.*)|*.*");
 } // namespace
 
-kwFileSelectorField::kwFileSelectorField(QWidget *parent)
-    : kwBrowseFieldControl("kwFileSelectorField", parent)
+kwFileSelectorField::kwFileSelectorField()
+    : kwBrowseFieldControl("kwFileSelectorField")
 {
     Q_UNUSED(registered)
     forwardTextKeys();
@@ -58,11 +58,11 @@ QString kwFileSelectorField::FitFilename(TextBox *ctl, const QString &path)
             return QString();
         int width = 0;
         // Only a parent in twips gives the box's width in pixels; any other unit leaves 0.
-        const auto *parent = qobject_cast<const UserControl *>(require(ctl)->Container());
+        const auto *parent = WindowlessUserControl::of(require(ctl)->containerControl());
         if (!parent || parent->surfaceScaleMode() == 1)
             width = roundToInt32(ctl->Width() / twipsPerPixelX() - 5);
         // Measured in the host surface's font, not the box's: intended.
-        QString fitted = FitPath(QWidget::font(), width, path);
+        QString fitted = FitPath(extender()->Font(), width, path);
         const qsizetype nul = fitted.indexOf(QChar(0));
         return nul >= 0 ? fitted.left(nul) : fitted;
     });

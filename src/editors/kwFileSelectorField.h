@@ -16,7 +16,7 @@ class kwFileSelectorField : public kwBrowseFieldControl
     Q_PROPERTY(QString InitDir READ InitDir WRITE setInitDir)
     Q_PROPERTY(QString Filter READ Filter WRITE setFilter)
 public:
-    explicit kwFileSelectorField(QWidget *parent = nullptr);
+    kwFileSelectorField();
 
     QString Value() const;
     void setValue(const QString &path);

@@ -14,8 +14,8 @@ namespace {
 const bool registered = registerEditor<kwFolderSelectorField>("kwFolderSelectorField");
 } // namespace
 
-kwFolderSelectorField::kwFolderSelectorField(QWidget *parent)
-    : kwBrowseFieldControl("kwFolderSelectorField", parent)
+kwFolderSelectorField::kwFolderSelectorField()
+    : kwBrowseFieldControl("kwFolderSelectorField")
 {
     // Text1's keys raise no events here, unlike the other selectors: intended.
     Q_UNUSED(registered)
@@ -52,7 +52,7 @@ void kwFolderSelectorField::setBackColor(OleColor color)
 
 bool kwFolderSelectorField::Enabled() const
 {
-    return QWidget::isEnabled();
+    return extender()->Enabled();
 }
 
 void kwFolderSelectorField::setEnabled(bool enabled)
@@ -65,7 +65,7 @@ void kwFolderSelectorField::setEnabled(bool enabled)
 
 void kwFolderSelectorField::setSurfaceEnabled(bool enabled)
 {
-    QWidget::setEnabled(enabled);
+    extender()->setEnabled(enabled);
 }
 
 void kwFolderSelectorField::setBackStyle(qint16 style)
@@ -75,12 +75,12 @@ void kwFolderSelectorField::setBackStyle(qint16 style)
 
 qint16 kwFolderSelectorField::BorderStyle() const
 {
-    return Text1->lineEdit()->hasFrame() ? 1 : 0;
+    return qint16(Text1->BorderStyle());
 }
 
 void kwFolderSelectorField::setBorderStyle(qint16 style)
 {
-    changeProperty("BorderStyle", [&] { Text1->lineEdit()->setFrame(style != 0); });
+    changeProperty("BorderStyle", [&] { Text1->setBorderStyle(style != 0 ? 1 : 0); });
 }
 
 QVector<kwEditorControl::PersistedProperty> kwFolderSelectorField::persistedProperties()
@@ -93,14 +93,14 @@ QVector<kwEditorControl::PersistedProperty> kwFolderSelectorField::persistedProp
             [this](OleColor c) { Text1->setBackColor(c); }),
         textForeColorProperty(),
         boolProperty(
-            "Enabled", true, [this] { return QWidget::isEnabled(); },
+            "Enabled", true, [this] { return extender()->Enabled(); },
             [this](bool e) { setSurfaceEnabled(e); }),
         textFontProperty(),
         int16Property(
             "BackStyle", 0, [this] { return m_BackStyle; }, [this](qint16 s) { m_BackStyle = s; }),
         int16Property(
             "BorderStyle", 1, [this] { return BorderStyle(); },
-            [this](qint16 s) { Text1->lineEdit()->setFrame(s != 0); }),
+            [this](qint16 s) { Text1->setBorderStyle(s != 0 ? 1 : 0); }),
         containerHwndProperty(),
         scaleModeProperty(),
         textProperty(

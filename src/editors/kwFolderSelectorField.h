@@ -13,7 +13,7 @@ class kwFolderSelectorField : public kwBrowseFieldControl
     Q_PROPERTY(QString Title READ Title WRITE setTitle)
     Q_PROPERTY(QString InitDir READ InitDir WRITE setInitDir)
 public:
-    explicit kwFolderSelectorField(QWidget *parent = nullptr);
+    kwFolderSelectorField();
 
     QString Value() const { return m_Value; }
     void setValue(const QString &path);

@@ -11,8 +11,8 @@ const bool registered = registerEditor<kwMemoField>("kwMemoField");
 const QString placeholder = QStringLiteral("(Text)");
 } // namespace
 
-kwMemoField::kwMemoField(QWidget *parent)
-    : kwBrowseFieldControl("kwMemoField", parent)
+kwMemoField::kwMemoField()
+    : kwBrowseFieldControl("kwMemoField")
 {
     Q_UNUSED(registered)
     // The row shows only the placeholder; the text is edited in the memo window.

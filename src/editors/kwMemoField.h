@@ -14,7 +14,7 @@ class kwMemoField : public kwBrowseFieldControl
     Q_PROPERTY(QString Title READ Title WRITE setTitle)
     Q_PROPERTY(QString FieldName READ FieldName WRITE setFieldName)
 public:
-    explicit kwMemoField(QWidget *parent = nullptr);
+    kwMemoField();
 
     QString Value() const;
     void setValue(const QString &text);

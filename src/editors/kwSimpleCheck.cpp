@@ -4,7 +4,6 @@
 #include "platform/Services.h"
 #include "util/Placement.h"
 
-#include <QFocusEvent>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -15,8 +14,8 @@ namespace {
 const bool registered = registerEditor<kwSimpleCheck>("kwSimpleCheck");
 } // namespace
 
-kwSimpleCheck::kwSimpleCheck(QWidget *parent)
-    : kwEditorControl("kwSimpleCheck", parent)
+kwSimpleCheck::kwSimpleCheck()
+    : kwEditorControl("kwSimpleCheck")
 {
     Q_UNUSED(registered)
     Check1 = addChild<CheckBox>("Check1");
@@ -80,21 +79,20 @@ void kwSimpleCheck::UserControl_Click()
     });
 }
 
-void kwSimpleCheck::focusInEvent(QFocusEvent *event)
+void kwSimpleCheck::UserControl_GotFocus()
 {
-    kwEditorControl::focusInEvent(event);
     trap(source("Sub", "UserControl_GotFocus").constData(), [&] {
         emit HasFocus();
         Check1->SetFocus();
     });
 }
 
-void kwSimpleCheck::keyPressEvent(QKeyEvent *event)
+void kwSimpleCheck::UserControl_KeyPress(QKeyEvent *event)
 {
     trap(source("Sub", "UserControl_KeyDown").constData(), [&] {
         int code = keyCodeOf(event->key());
         if (!moveToNeighbourRow(code))
-            kwEditorControl::keyPressEvent(event);
+            event->ignore();
     });
 }
 

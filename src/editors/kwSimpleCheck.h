@@ -13,7 +13,7 @@ class kwSimpleCheck : public kwEditorControl
     Q_OBJECT
     Q_PROPERTY(qint16 Value READ Value WRITE setValue)
 public:
-    explicit kwSimpleCheck(QWidget *parent = nullptr);
+    kwSimpleCheck();
 
     // 0 unchecked, 1 checked, 2 grayed.
     qint16 Value() const;
@@ -27,8 +27,8 @@ protected:
     void UserControl_InitProperties() override;
     void UserControl_Resize() override;
     void UserControl_Click() override;
-    void focusInEvent(QFocusEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void UserControl_GotFocus() override;
+    void UserControl_KeyPress(QKeyEvent *event) override;
 
 private:
     void Check1_Click();

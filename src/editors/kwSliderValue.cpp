@@ -17,8 +17,8 @@ namespace {
 const bool registered = registerEditor<kwSliderValue>("kwSliderValue");
 } // namespace
 
-kwSliderValue::kwSliderValue(QWidget *parent)
-    : kwEditorControl("kwSliderValue", parent)
+kwSliderValue::kwSliderValue()
+    : kwEditorControl("kwSliderValue")
 {
     Q_UNUSED(registered)
     // Created first, txtNum comes before Slider1 in the tab order.
@@ -154,7 +154,7 @@ void kwSliderValue::UserControl_Resize()
         // One line of the box's text, with the frame around it so that the line shows whole,
         // within the cell.
         const float line = float(textHeightTwips(txtNum->Font(), QStringLiteral("H")));
-        const float framed = float(txtNum->widget()->minimumSizeHint().height() * twipsPerPixelY());
+        const float framed = TextBox::framedHeight(txtNum->Font());
         txtNum->setHeight(std::max(0.0f, std::min(std::max(line, framed), extenderHeight())));
         PlaceChild(txtNum, this, false, true, 0, 0);
         txtNum->setLeft(0);
@@ -220,7 +220,8 @@ void kwSliderValue::txtNum_GotFocus()
 void kwSliderValue::txtNum_Change()
 {
     trap(source("Sub", "txtNum_Change").constData(), [&] {
-        txtNum->widget()->update();
+        if (QWidget *box = txtNum->realizedWidget())
+            box->update();
         // A number outside Min..Max is brought into the range by the slider, which then
         // rewrites the box: a Qt slider clamps rather than refuses.
         Slider1->setValue(roundToInt32(leadingNumber(txtNum->Text())));

@@ -18,7 +18,7 @@ class kwSliderValue : public kwEditorControl
     Q_PROPERTY(qint32 Min READ Min WRITE setMin)
     Q_PROPERTY(qint32 Max READ Max WRITE setMax)
 public:
-    explicit kwSliderValue(QWidget *parent = nullptr);
+    kwSliderValue();
 
     qint32 Value() const { return m_Value; }
     void setValue(qint32 value);

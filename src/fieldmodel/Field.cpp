@@ -1,6 +1,5 @@
 #include "fieldmodel/Field.h"
 
-#include "platform/Accessibility.h"
 
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
@@ -11,7 +10,6 @@
 #include "fieldmodel/DropDownValues.h"
 #include "fieldmodel/Fields.h"
 #include "grid/kwPropertyControl.h"
-#include "platform/Accessibility.h"
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
@@ -81,7 +79,8 @@ void Field::setDescription(const QString &description)
 
 void Field::describeEditorForAccessibility() const
 {
-    setAccessibleText(editorObject(), m_Name, m_Description);
+    if (Control *editor = EditorControl())
+        editor->setAccessibleText(m_Name, m_Description);
 }
 
 void Field::setSize(qint32 size)

@@ -50,7 +50,7 @@ QObject *Field::editorObject() const
 Control *Field::EditorControl() const
 {
     QObject *editor = editorObject();
-    if (auto *own = qobject_cast<UserControl *>(editor))
+    if (auto *own = qobject_cast<WindowlessUserControl *>(editor))
         return own->extender();
     return static_cast<Control *>(editor);
 }

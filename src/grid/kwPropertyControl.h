@@ -145,6 +145,7 @@ protected:
     void UserControl_WriteProperties(PropertyBag &PropBag) const override;
     void UserControl_Resize() override;
     void UserControl_Paint() override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void VScroll1_Change();
@@ -157,7 +158,10 @@ private:
     Control *addLibraryEditor(const QString &className, Field *oField);
     void EnterRow(Field *oField, Control *editor);
     void ShowRowsInView();
+    float ViewReach() const;
     bool IsNearView(const Control *label) const;
+    void stackRow(Field *field, const Control *nextRow);
+    void ChainRows();
     void CleanDefString(QString &DefString);
 
     PictureBox *picOuter = nullptr;
@@ -184,6 +188,7 @@ private:
     QVector<Field *> m_RowOrder;
     bool m_RowOrderSorted = true;
     QVector<Field *> m_RowsShown;
+    bool m_TabChainStale = false;
 };
 
 } // namespace kwFieldDeck

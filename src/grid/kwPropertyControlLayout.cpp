@@ -61,6 +61,7 @@ void kwPropertyControl::Refresh(bool Redraw)
             DoEvents();
         }
         CalcSlider();
+        m_TabChainStale = true;
         ShowRowsInView();
         m_Busy = false;
     });

@@ -134,7 +134,7 @@ namespace {
 template <typename Editor>
 Editor *editorIn(Control *extender)
 {
-    return qobject_cast<Editor *>(require(extender)->widget());
+    return qobject_cast<Editor *>(WindowlessUserControl::of(require(extender)));
 }
 } // namespace
 

@@ -1,9 +1,8 @@
-// Rows in view: only the rows within one viewport height of what the viewport shows are shown
-// widgets on the canvas; the others wait out of view until scrolling brings them near. Qt's work
-// for a container (finding the widget under the pointer, passing on update requests, painting)
-// grows with its children, so a grid of many thousands of rows would otherwise slow every row's
-// creation, update and paint. Visible, geometry and the tab order of the rows are unaffected,
-// and the margin keeps the neighbouring rows shown so Tab, Up and Down still reach them.
+// Rows in view: a row is data until it comes within reach of the viewport (the view and a page on
+// either side); then its name cell and editor are realized as widgets, taken from the canvas's
+// pools, and released again when it leaves. The row with the focus stays realized. Tab, Up and
+// Down move the focus through the realized rows, which are kept in row order in the focus chain,
+// and the row beyond the focused one is realized before the focus moves to it.
 
 #include "grid/kwPropertyControl.h"
 
@@ -34,15 +33,20 @@ bool rowHasFocus(Field *field)
 }
 } // namespace
 
+float kwPropertyControl::ViewReach() const
+{
+    return std::max(picOuter->Height(), 2 * m_RowHeight);
+}
+
 bool kwPropertyControl::IsNearView(const Control *label) const
 {
     const float viewTop = -picInner->Top();
-    const float reach = picOuter->Height();
+    const float reach = ViewReach();
     return label->Top() + label->Height() >= viewTop - reach
         && label->Top() <= viewTop + picOuter->Height() + reach;
 }
 
-// A row just created: shown when near the view, and kept in canvas order.
+// A row just created: realized when near the view, and kept in canvas order.
 void kwPropertyControl::EnterRow(Field *oField, Control *editor)
 {
     const TextBox *label = oField->FieldNameControl();
@@ -55,8 +59,10 @@ void kwPropertyControl::EnterRow(Field *oField, Control *editor)
             m_RowOrderSorted = false;
     }
     m_RowOrder.append(oField);
-    if (editor->inView())
+    if (editor->inView()) {
         m_RowsShown.append(oField);
+        m_TabChainStale = true;
+    }
 }
 
 void kwPropertyControl::ShowRowsInView()
@@ -64,7 +70,7 @@ void kwPropertyControl::ShowRowsInView()
     auto begin = m_RowOrder.cbegin();
     if (m_RowOrderSorted) {
         // Rows above the reach of the view are passed over by halving, not one by one.
-        const float from = -picInner->Top() - picOuter->Height();
+        const float from = -picInner->Top() - ViewReach();
         begin = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(), [from](Field *f) {
             const TextBox *label = f->FieldNameControl();
             return !label || label->Top() + label->Height() < from;
@@ -91,8 +97,8 @@ void kwPropertyControl::ShowRowsInView()
         else
             setRowInView(field, false);
     }
-    // Rows coming into view go on top of the others; those above rows already shown are put
-    // back under them, so that each row lies over the one before it as when it was created.
+    // Rows coming into view go just under the row after them, or on top when none follows, so
+    // that each row lies over the one before it as when it was created.
     const QSet<Field *> wasShown(m_RowsShown.cbegin(), m_RowsShown.cend());
     const Control *nextRow = nullptr;
     for (auto it = shown.crbegin(); it != shown.crend(); ++it) {
@@ -100,16 +106,73 @@ void kwPropertyControl::ShowRowsInView()
         TextBox *label = field->FieldNameControl();
         if (!wasShown.contains(field)) {
             setRowInView(field, true);
-            if (nextRow) {
-                Control *editor = field->EditorControl();
-                (editor ? editor : static_cast<Control *>(label))->stackUnder(nextRow);
-                if (editor)
-                    label->stackUnder(editor);
-            }
+            stackRow(field, nextRow);
+            m_TabChainStale = true;
         }
         nextRow = label;
     }
     m_RowsShown = shown + keptForFocus;
+    ChainRows();
+}
+
+void kwPropertyControl::stackRow(Field *field, const Control *nextRow)
+{
+    TextBox *label = field->FieldNameControl();
+    Control *editor = field->EditorControl();
+    Control *top = editor ? editor : static_cast<Control *>(label);
+    if (nextRow)
+        top->stackUnder(nextRow);
+    else if (QWidget *widget = top->realizedWidget())
+        widget->raise();
+    if (editor)
+        label->stackUnder(editor);
+}
+
+// The realized rows' widgets follow each other in the focus chain in row order, whatever place
+// the pool's widgets had in it.
+void kwPropertyControl::ChainRows()
+{
+    if (!m_TabChainStale)
+        return;
+    m_TabChainStale = false;
+    QVector<Field *> rows = m_RowsShown;
+    std::sort(rows.begin(), rows.end(), [](Field *a, Field *b) {
+        return a->FieldNameControl()->Top() < b->FieldNameControl()->Top();
+    });
+    QWidget *previous = nullptr;
+    for (Field *field : std::as_const(rows)) {
+        QVector<QWidget *> widgets = field->FieldNameControl()->tabWidgets();
+        if (const Control *editor = field->EditorControl())
+            widgets += editor->tabWidgets();
+        for (QWidget *widget : std::as_const(widgets)) {
+            if (previous)
+                QWidget::setTabOrder(previous, widget);
+            previous = widget;
+        }
+    }
+}
+
+// Tab, Shift+Tab, Up and Down from a row: the row the focus goes to is realized first.
+bool kwPropertyControl::focusNextPrevChild(bool next)
+{
+    for (Field *field : std::as_const(m_RowsShown)) {
+        if (!rowHasFocus(field))
+            continue;
+        const qsizetype at = m_RowOrder.indexOf(field);
+        const qsizetype neighbour = at + (next ? 1 : -1);
+        if (at >= 0 && neighbour >= 0 && neighbour < m_RowOrder.size()) {
+            Field *row = m_RowOrder.at(neighbour);
+            if (!m_RowsShown.contains(row) && row->FieldNameControl()) {
+                setRowInView(row, true);
+                stackRow(row, nullptr);
+                m_RowsShown.append(row);
+                m_TabChainStale = true;
+                ChainRows();
+            }
+        }
+        break;
+    }
+    return UserControl::focusNextPrevChild(next);
 }
 
 } // namespace kwFieldDeck

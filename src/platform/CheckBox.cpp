@@ -3,6 +3,7 @@
 #include "platform/ClassFactory.h"
 #include "platform/Error.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QStyle>
 
@@ -27,11 +28,28 @@ const bool registered = ClassFactory::registerClass(QLatin1String(CheckBox::Clas
 } // namespace
 
 CheckBox::CheckBox(const QString &name, QObject *owner)
-    : Control(new ToggleCheckBox, name, owner)
+    : Control(name, owner)
 {
     Q_UNUSED(registered)
-    checkBox()->setTristate(false);
-    connect(checkBox(), &QCheckBox::stateChanged, this, &Control::Click);
+}
+
+QWidget *CheckBox::createWidget()
+{
+    auto *box = new ToggleCheckBox;
+    box->setTristate(false);
+    return box;
+}
+
+namespace {
+const Qt::CheckState states[] = { Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked };
+} // namespace
+
+void CheckBox::attach(QWidget *widget)
+{
+    auto *box = static_cast<QCheckBox *>(widget);
+    box->setText(m_caption);
+    box->setCheckState(states[m_value]);
+    connect(box, &QCheckBox::stateChanged, this, &CheckBox::changeState);
 }
 
 QCheckBox *CheckBox::checkBox() const
@@ -39,40 +57,44 @@ QCheckBox *CheckBox::checkBox() const
     return static_cast<QCheckBox *>(widget());
 }
 
+void CheckBox::changeState(int state)
+{
+    m_value = state == Qt::Checked ? 1 : state == Qt::PartiallyChecked ? 2 : 0;
+    emit Click();
+}
+
 qint16 CheckBox::Value() const
 {
-    switch (checkBox()->checkState()) {
-    case Qt::Checked:
-        return 1;
-    case Qt::PartiallyChecked:
-        return 2;
-    default:
-        return 0;
-    }
+    return m_value;
 }
 
 void CheckBox::setValue(qint16 value)
 {
-    static const Qt::CheckState states[] = { Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked };
     if (value < 0 || value > 2)
         raise(380, QStringLiteral("Invalid property value"));
-    checkBox()->setCheckState(states[value]);
+    if (QWidget *widget = realizedWidget())
+        static_cast<QCheckBox *>(widget)->setCheckState(states[value]);
+    else if (value != m_value)
+        changeState(states[value]);
 }
 
 QString CheckBox::Caption() const
 {
-    return checkBox()->text();
+    return m_caption;
 }
+
 void CheckBox::setCaption(const QString &caption)
 {
-    checkBox()->setText(caption);
+    m_caption = caption;
+    if (QWidget *widget = realizedWidget())
+        static_cast<QCheckBox *>(widget)->setText(caption);
 }
 
 float CheckBox::boxSide() const
 {
-    const QStyle *style = checkBox()->style();
-    const int width = style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, checkBox());
-    const int height = style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, checkBox());
+    const QStyle *style = QApplication::style();
+    const int width = style->pixelMetric(QStyle::PM_IndicatorWidth);
+    const int height = style->pixelMetric(QStyle::PM_IndicatorHeight);
     return float(std::max(width, height) * twipsPerPixelX());
 }
 

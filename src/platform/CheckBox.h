@@ -25,7 +25,18 @@ public:
     // The side, in twips, of the square in which the box shows whole without its caption.
     float boxSide() const;
 
+    // The widget, realized now if the box has none.
     QCheckBox *checkBox() const;
+
+protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
+
+private:
+    void changeState(int state);
+
+    QString m_caption;
+    qint16 m_value = 0;
 };
 
 } // namespace kwFieldDeck

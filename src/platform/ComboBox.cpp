@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QHash>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -32,26 +33,59 @@ const bool registered = ClassFactory::registerClass(QLatin1String(ComboBox::Clas
 } // namespace
 
 ComboBox::ComboBox(const QString &name, QObject *owner, qint16 style)
-    : Control(new ListComboBox, name, owner)
+    : Control(name, owner)
     , m_style(style)
 {
     Q_UNUSED(registered)
-    QComboBox *box = comboBox();
+}
+
+QWidget *ComboBox::createWidget()
+{
+    auto *box = new ListComboBox;
     // A new box is a list already; its geometry is always set, so no size adjust policy.
-    if (style != 2)
+    if (m_style != 2)
         box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
-    connect(box, &QComboBox::currentIndexChanged, this, [this] {
-        if (!m_quiet)
-            emit Click();
-    });
-    if (QLineEdit *edit = box->lineEdit())
-        connect(edit, &QLineEdit::textChanged, this, &ComboBox::Change);
+    return box;
+}
+
+// Boxes of both styles share a pool: the list or text look is part of the state pushed here.
+void ComboBox::attach(QWidget *widget)
+{
+    auto *box = static_cast<QComboBox *>(widget);
+    const QSignalBlocker quiet(box);
+    box->setEditable(m_style != 2);
+    box->clear();
+    for (const Entry &entry : std::as_const(m_entries))
+        box->addItem(entry.text, QVariant::fromValue<qint32>(entry.data));
+    box->setCurrentIndex(m_listIndex);
+    if (QLineEdit *edit = box->lineEdit()) {
+        edit->setText(m_editText);
+        edit->setCursorPosition(0);
+        connect(edit, &QLineEdit::textChanged, this, &ComboBox::changeEditText);
+    }
+    connect(box, &QComboBox::currentIndexChanged, this, &ComboBox::select);
 }
 
 QComboBox *ComboBox::comboBox() const
 {
     return static_cast<QComboBox *>(widget());
+}
+
+float ComboBox::naturalHeight(const QFont &font) const
+{
+    static QHash<QString, float> heights;
+    const QString key = font.key() + QString::number(m_style);
+    auto found = heights.constFind(key);
+    if (found != heights.constEnd())
+        return *found;
+    // Measured once per font and style on a box that is never shown.
+    ListComboBox measure;
+    measure.setEditable(m_style != 2);
+    measure.setFont(font);
+    const float height = float(measure.sizeHint().height() * twipsPerPixelY());
+    heights.insert(key, height);
+    return height;
 }
 
 void ComboBox::checkIndex(int i) const
@@ -60,32 +94,55 @@ void ComboBox::checkIndex(int i) const
         raise(381, QStringLiteral("Invalid property array index"));
 }
 
+// The selection moved, by the user or by code; an editable box shows the entry's text.
+void ComboBox::select(int index)
+{
+    m_listIndex = index;
+    if (m_style != 2 && !realizedWidget())
+        changeEditText(List(index));
+    if (!m_quiet)
+        emit Click();
+}
+
+void ComboBox::changeEditText(const QString &text)
+{
+    if (text == m_editText && !realizedWidget())
+        return;
+    m_editText = text;
+    emit Change();
+}
+
 void ComboBox::AddItem(const QString &text)
 {
     // A list selects its first entry by itself when it gets one; here adding selects nothing.
-    const int selected = ListIndex();
-    m_quiet = true;
-    comboBox()->addItem(text, QVariant::fromValue<qint32>(0));
-    comboBox()->setCurrentIndex(selected);
-    m_quiet = false;
+    m_entries.append({ text, 0 });
+    if (auto *box = static_cast<QComboBox *>(realizedWidget())) {
+        const int selected = m_listIndex;
+        m_quiet = true;
+        box->addItem(text, QVariant::fromValue<qint32>(0));
+        box->setCurrentIndex(selected);
+        m_quiet = false;
+    }
     m_newIndex = ListCount() - 1;
 }
 
 qint32 ComboBox::ItemData(int i) const
 {
     checkIndex(i);
-    return comboBox()->itemData(i).value<qint32>();
+    return m_entries.at(i).data;
 }
 
 void ComboBox::setItemData(int i, qint32 data)
 {
     checkIndex(i);
-    comboBox()->setItemData(i, QVariant::fromValue<qint32>(data));
+    m_entries[i].data = data;
+    if (auto *box = static_cast<QComboBox *>(realizedWidget()))
+        box->setItemData(i, QVariant::fromValue<qint32>(data));
 }
 
 int ComboBox::ListIndex() const
 {
-    return comboBox()->currentIndex();
+    return m_listIndex;
 }
 
 void ComboBox::setListIndex(int index)
@@ -93,42 +150,59 @@ void ComboBox::setListIndex(int index)
     if (index < -1 || index >= ListCount())
         raise(380, QStringLiteral("Invalid property value"));
     // Setting the index delivers the click notification even when it does not move.
-    if (index == ListIndex() && !m_quiet)
-        emit Click();
-    comboBox()->setCurrentIndex(index);
+    if (index == m_listIndex) {
+        if (!m_quiet)
+            emit Click();
+        return;
+    }
+    if (auto *box = static_cast<QComboBox *>(realizedWidget()))
+        box->setCurrentIndex(index);
+    else
+        select(index);
 }
 
 int ComboBox::ListCount() const
 {
-    return comboBox()->count();
+    return int(m_entries.size());
 }
 
 QString ComboBox::List(int i) const
 {
     // Reading past the list gives "", as the platform's List did.
-    return i >= 0 && i < ListCount() ? comboBox()->itemText(i) : QString();
+    return i >= 0 && i < ListCount() ? m_entries.at(i).text : QString();
 }
 
 QString ComboBox::Text() const
 {
-    return comboBox()->currentText();
+    return m_style != 2 ? m_editText : List(m_listIndex);
 }
 
 void ComboBox::setText(const QString &text)
 {
-    if (comboBox()->isEditable()) {
-        comboBox()->setEditText(text);
+    if (m_style != 2) {
+        if (auto *box = static_cast<QComboBox *>(realizedWidget()))
+            box->setEditText(text);
+        else
+            changeEditText(text);
         return;
     }
-    const int found = comboBox()->findText(text, Qt::MatchFixedString);
-    if (found >= 0)
-        setListIndex(found);
+    for (int i = 0; i < ListCount(); ++i) {
+        if (QString::compare(m_entries.at(i).text, text, Qt::CaseInsensitive) == 0) {
+            setListIndex(i);
+            return;
+        }
+    }
 }
 
 void ComboBox::Clear()
 {
     m_quiet = true;
-    comboBox()->clear();
+    m_entries.clear();
+    if (auto *box = static_cast<QComboBox *>(realizedWidget()))
+        box->clear();
+    else if (m_listIndex != -1)
+        select(-1);
+    m_listIndex = -1;
     m_quiet = false;
     m_newIndex = -1;
 }

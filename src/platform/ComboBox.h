@@ -36,14 +36,31 @@ public:
     void Clear();
     qint16 Style() const { return m_style; }
 
+    // The widget, realized now if the box has none.
     QComboBox *comboBox() const;
+    // The height, in twips, that a box of this style asks for in a font.
+    float naturalHeight(const QFont &font) const;
 
 signals:
     void Change();
 
-private:
-    void checkIndex(int i) const;
+protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
 
+private:
+    struct Entry
+    {
+        QString text;
+        qint32 data = 0;
+    };
+    void checkIndex(int i) const;
+    void select(int index);
+    void changeEditText(const QString &text);
+
+    QVector<Entry> m_entries;
+    QString m_editText;
+    int m_listIndex = -1;
     qint16 m_style;
     int m_newIndex = -1;
     bool m_quiet = false;

@@ -16,11 +16,23 @@ const bool registered = ClassFactory::registerClass(
 } // namespace
 
 CommandButton::CommandButton(const QString &name, QObject *owner)
-    : Control(new QPushButton, name, owner)
+    : Control(name, owner)
 {
     Q_UNUSED(registered)
-    pushButton()->setAutoDefault(false);
-    connect(pushButton(), &QPushButton::clicked, this, &Control::Click);
+}
+
+QWidget *CommandButton::createWidget()
+{
+    auto *button = new QPushButton;
+    button->setAutoDefault(false);
+    return button;
+}
+
+void CommandButton::attach(QWidget *widget)
+{
+    auto *button = static_cast<QPushButton *>(widget);
+    button->setText(m_caption);
+    connect(button, &QPushButton::clicked, this, &Control::Click);
 }
 
 QPushButton *CommandButton::pushButton() const
@@ -30,11 +42,14 @@ QPushButton *CommandButton::pushButton() const
 
 QString CommandButton::Caption() const
 {
-    return pushButton()->text();
+    return m_caption;
 }
+
 void CommandButton::setCaption(const QString &caption)
 {
-    pushButton()->setText(caption);
+    m_caption = caption;
+    if (auto *button = static_cast<QPushButton *>(realizedWidget()))
+        button->setText(caption);
 }
 
 void CommandButton::ignoreFocusingPress()
@@ -46,7 +61,7 @@ void CommandButton::ignoreFocusingPress()
 
 bool CommandButton::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == widget() && m_ignorePress) {
+    if (watched == realizedWidget() && m_ignorePress) {
         switch (event->type()) {
         case QEvent::MouseButtonPress:
             // When the button was released while a dialog was open, no release follows.

@@ -22,12 +22,16 @@ public:
     // focus, that press and its release make no Click, so one press acts once.
     void ignoreFocusingPress();
 
+    // The widget, realized now if the button has none.
     QPushButton *pushButton() const;
 
 protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QString m_caption;
     bool m_ignorePress = false;
 };
 

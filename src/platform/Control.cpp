@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScreen>
@@ -15,21 +16,40 @@ namespace kwFieldDeck {
 
 namespace {
 const char *const wrapperProperty = "_kwControl";
-const char *const holderProperty = "_kwOutOfView";
+const char *const poolProperty = "_kwWidgetPool";
+const char *const focusPolicyProperty = "_kwFocusPolicy";
 
-// The hidden widget in which a container keeps the children that are out of its view. As its
-// child it passes on the container's font and palette unchanged.
-QWidget *holderIn(QWidget *container)
+// The widgets released in a container, hidden and waiting by kind for the next control of that
+// kind to be realized there. It lives in the container and goes with it.
+class WidgetPool : public QObject
 {
-    auto *holder = qobject_cast<QWidget *>(container->property(holderProperty).value<QObject *>());
-    if (!holder) {
-        holder = new QWidget(container);
-        holder->setObjectName(QLatin1String(holderProperty));
-        holder->hide();
-        container->setProperty(holderProperty, QVariant::fromValue<QObject *>(holder));
+public:
+    static WidgetPool *in(QWidget *container, bool create)
+    {
+        auto *pool = static_cast<WidgetPool *>(container->property(poolProperty).value<QObject *>());
+        if (!pool && create) {
+            pool = new WidgetPool;
+            pool->setParent(container);
+            container->setProperty(poolProperty, QVariant::fromValue<QObject *>(pool));
+        }
+        return pool;
     }
-    return holder;
-}
+
+    QWidget *take(const void *kind)
+    {
+        auto found = m_free.find(kind);
+        while (found != m_free.end() && !found->isEmpty()) {
+            if (QWidget *widget = found->takeLast())
+                return widget;
+        }
+        return nullptr;
+    }
+
+    void put(const void *kind, QWidget *widget) { m_free[kind].append(widget); }
+
+private:
+    QHash<const void *, QVector<QPointer<QWidget>>> m_free;
+};
 
 double logicalDpi(bool horizontal)
 {
@@ -124,24 +144,37 @@ int shiftStateOf(Qt::KeyboardModifiers modifiers)
 
 Control::Control(QWidget *widget, const QString &name, QObject *owner)
     : QObject(owner)
-    , m_widget(widget)
+    , m_ownWidget(true)
 {
     setObjectName(name);
-    widget->setObjectName(name);
-    widget->setProperty(wrapperProperty, QVariant::fromValue<QObject *>(this));
-    widget->installEventFilter(this);
     m_width = float(widget->width() * twipsPerPixelX());
     m_height = float(widget->height() * twipsPerPixelY());
     m_visible = !widget->isHidden();
+    m_enabled = widget->isEnabled();
+    bind(widget);
+}
+
+Control::Control(const QString &name, QObject *owner)
+    : QObject(owner)
+{
+    setObjectName(name);
 }
 
 Control::~Control()
 {
-    if (m_widget) {
+    if (m_surface)
+        m_surface->m_children.removeOne(this);
+    for (Control *child : std::as_const(m_children))
+        child->m_surface = nullptr;
+    if (!m_widget)
+        return;
+    if (m_ownWidget) {
         m_widget->removeEventFilter(this);
         m_widget->setProperty(wrapperProperty, QVariant());
         if (!m_widget->parent())
             delete m_widget;
+    } else {
+        release();
     }
 }
 
@@ -149,6 +182,144 @@ Control *Control::of(const QWidget *widget)
 {
     return widget ? qobject_cast<Control *>(widget->property(wrapperProperty).value<QObject *>())
                   : nullptr;
+}
+
+QWidget *Control::widget() const
+{
+    return const_cast<Control *>(this)->realize();
+}
+
+QWidget *Control::containerWidget() const
+{
+    return m_surface ? m_surface->m_widget.data() : m_container.data();
+}
+
+QWidget *Control::Container() const
+{
+    return containerWidget();
+}
+
+void Control::setContainer(QWidget *container)
+{
+    if (m_surface) {
+        m_surface->m_children.removeOne(this);
+        m_surface = nullptr;
+    }
+    m_container = container;
+    if (m_widget) {
+        m_widget->setParent(container);
+        placeWidget();
+    }
+    updateWidget();
+    showWidget();
+}
+
+void Control::setContainer(Control *surface)
+{
+    if (m_surface == surface)
+        return;
+    if (m_surface)
+        m_surface->m_children.removeOne(this);
+    if (!m_ownWidget)
+        release();
+    m_container = nullptr;
+    m_surface = surface;
+    if (surface)
+        surface->m_children.append(this);
+    if (m_ownWidget && m_widget) {
+        m_widget->setParent(containerWidget());
+        placeWidget();
+        showWidget();
+    }
+    updateWidget();
+}
+
+void Control::updateWidget()
+{
+    if (m_ownWidget)
+        return;
+    if (m_visible && m_inView && containerWidget())
+        realize();
+    else if (!m_visible || !m_inView)
+        release();
+}
+
+QWidget *Control::realize()
+{
+    if (m_ownWidget)
+        return m_widget;
+    // A part of a user control without a window of its own lives in that control's widget.
+    if (m_surface && !m_surface->m_widget)
+        m_surface->realize();
+    QWidget *container = containerWidget();
+    if (m_widget) {
+        if (container && m_widget->parentWidget() != container) {
+            m_widget->setParent(container);
+            placeWidget();
+            showWidget();
+        }
+        return m_widget;
+    }
+    WidgetPool *pool = container ? WidgetPool::in(container, false) : nullptr;
+    QWidget *widget = pool ? pool->take(widgetKind()) : nullptr;
+    if (!widget) {
+        widget = createWidget();
+        if (!widget)
+            return nullptr;
+        widget->setProperty(focusPolicyProperty, int(widget->focusPolicy()));
+        widget->setParent(container);
+    }
+    bind(widget);
+    for (Control *child : std::as_const(m_children))
+        child->updateWidget();
+    applyAccessibleText();
+    return widget;
+}
+
+void Control::bind(QWidget *widget)
+{
+    m_widget = widget;
+    widget->setObjectName(objectName());
+    widget->setProperty(wrapperProperty, QVariant::fromValue<QObject *>(this));
+    widget->installEventFilter(this);
+    if (m_ownWidget)
+        return;
+    placeWidget();
+    widget->setEnabled(m_enabled);
+    widget->setFocusPolicy(m_tabStopSet
+            ? (m_tabStop ? Qt::StrongFocus : Qt::ClickFocus)
+            : Qt::FocusPolicy(widget->property(focusPolicyProperty).toInt()));
+    if (m_colorsSet)
+        applyColors();
+    else
+        widget->setPalette(QPalette());
+    applyFont();
+    widget->setToolTip(m_toolTip);
+    attach(widget);
+    showWidget();
+}
+
+void Control::release()
+{
+    if (!m_widget || m_ownWidget)
+        return;
+    QWidget *widget = m_widget;
+    // Hidden whole and still bound, so that a focus inside leaves the control as it leaves any
+    // hidden control, past all of its parts.
+    widget->hide();
+    if (m_widget != widget)
+        return;
+    for (Control *child : std::as_const(m_children))
+        child->release();
+    detach(widget);
+    disconnect(widget, nullptr, this, nullptr);
+    widget->removeEventFilter(this);
+    widget->setProperty(wrapperProperty, QVariant());
+    m_widget = nullptr;
+    if (QWidget *container = widget->parentWidget())
+        WidgetPool::in(container, true)->put(widgetKind(), widget);
+    else
+        delete widget;
 }
 
 void Control::placeWidget()
@@ -170,6 +341,13 @@ void Control::placeWidget()
     }
 }
 
+void Control::geometryChanged(int oldWidth, int oldHeight)
+{
+    placeWidget();
+    if (twipsToPixelsX(m_width) != oldWidth || twipsToPixelsY(m_height) != oldHeight)
+        resized();
+}
+
 void Control::setLeft(float left)
 {
     m_left = left;
@@ -186,34 +364,38 @@ void Control::setWidth(float width)
 {
     if (width < 0)
         raise(ErrInvalidCall);
+    const int oldWidth = twipsToPixelsX(m_width), oldHeight = twipsToPixelsY(m_height);
     m_width = width;
-    placeWidget();
+    geometryChanged(oldWidth, oldHeight);
 }
 
 void Control::setHeight(float height)
 {
     if (height < 0)
         raise(ErrInvalidCall);
+    const int oldWidth = twipsToPixelsX(m_width), oldHeight = twipsToPixelsY(m_height);
     m_height = height;
-    placeWidget();
+    geometryChanged(oldWidth, oldHeight);
 }
 
 void Control::Move(float left, float top, std::optional<float> width, std::optional<float> height)
 {
     if ((width && *width < 0) || (height && *height < 0))
         raise(ErrInvalidCall);
+    const int oldWidth = twipsToPixelsX(m_width), oldHeight = twipsToPixelsY(m_height);
     m_left = left;
     m_top = top;
     if (width)
         m_width = *width;
     if (height)
         m_height = *height;
-    placeWidget();
+    geometryChanged(oldWidth, oldHeight);
 }
 
 void Control::setVisible(bool visible)
 {
     m_visible = visible;
+    updateWidget();
     showWidget();
 }
 
@@ -222,17 +404,7 @@ void Control::setInView(bool inView)
     if (m_inView == inView)
         return;
     m_inView = inView;
-    if (m_widget) {
-        // Reparenting within one window keeps the focus chain, so Tab order is unchanged.
-        if (!inView) {
-            m_container = m_widget->parentWidget();
-            if (m_container)
-                m_widget->setParent(holderIn(m_container));
-        } else if (m_container) {
-            m_widget->setParent(m_container);
-            m_container = nullptr;
-        }
-    }
+    updateWidget();
     showWidget();
 }
 
@@ -248,18 +420,31 @@ void Control::showWidget()
         m_widget->setVisible(m_visible && m_inView);
 }
 
-bool Control::Enabled() const { return m_widget && m_widget->isEnabledTo(nullptr); }
+bool Control::Enabled() const
+{
+    if (m_widget)
+        return m_widget->isEnabledTo(nullptr);
+    return m_enabled && (!m_surface || m_surface->Enabled());
+}
 
 void Control::setEnabled(bool enabled)
 {
+    m_enabled = enabled;
     if (m_widget)
         m_widget->setEnabled(enabled);
 }
 
-bool Control::TabStop() const { return m_widget && m_widget->focusPolicy() & Qt::TabFocus; }
+bool Control::TabStop() const
+{
+    if (m_widget)
+        return m_widget->focusPolicy() & Qt::TabFocus;
+    return m_tabStopSet ? m_tabStop : true;
+}
 
 void Control::setTabStop(bool tabStop)
 {
+    m_tabStop = tabStop;
+    m_tabStopSet = true;
     if (m_widget)
         m_widget->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
 }
@@ -267,12 +452,14 @@ void Control::setTabStop(bool tabStop)
 void Control::setBackColor(OleColor color)
 {
     m_backColor = color;
+    m_colorsSet = true;
     applyColors();
 }
 
 void Control::setForeColor(OleColor color)
 {
     m_foreColor = color;
+    m_colorsSet = true;
     applyColors();
 }
 
@@ -291,57 +478,84 @@ void Control::applyColors()
     m_widget->setPalette(palette);
 }
 
-QFont Control::Font() const { return m_widget ? m_widget->font() : QFont(); }
+QFont Control::Font() const
+{
+    if (m_fontSet)
+        return m_font;
+    if (m_widget)
+        return m_widget->font();
+    if (m_surface)
+        return m_surface->Font();
+    return m_container ? m_container->font() : QApplication::font();
+}
 
 void Control::setFont(const QFont &font)
 {
-    if (m_widget)
-        m_widget->setFont(font);
+    m_font = font;
+    m_fontSet = true;
+    applyFont();
 }
 
-QString Control::ToolTipText() const { return m_widget ? m_widget->toolTip() : QString(); }
+void Control::applyFont()
+{
+    if (m_widget)
+        m_widget->setFont(m_fontSet ? m_font : QFont());
+}
 
 void Control::setToolTipText(const QString &text)
 {
+    m_toolTip = text;
     if (m_widget)
         m_widget->setToolTip(text);
 }
 
-QWidget *Control::Container() const
+void Control::setAccessibleText(const QString &name, const QString &description)
 {
-    if (!m_widget)
-        return nullptr;
-    return m_inView ? m_widget->parentWidget() : m_container.data();
+    m_accessibleName = name;
+    m_accessibleDescription = description;
+    applyAccessibleText();
 }
 
-void Control::setContainer(QWidget *container)
+void Control::applyAccessibleText()
 {
-    if (!m_widget)
+    if (!m_widget || (m_accessibleName.isEmpty() && m_accessibleDescription.isEmpty()))
         return;
-    if (!m_inView && container) {
-        m_container = container;
-        container = holderIn(container);
+    m_widget->setAccessibleName(m_accessibleName);
+    m_widget->setAccessibleDescription(m_accessibleDescription);
+    const QList<QWidget *> parts = m_widget->findChildren<QWidget *>();
+    for (QWidget *part : parts) {
+        if (part->focusPolicy() == Qt::NoFocus)
+            continue;
+        part->setAccessibleName(m_accessibleName);
+        part->setAccessibleDescription(m_accessibleDescription);
     }
-    m_widget->setParent(container);
-    placeWidget();
-    showWidget();
+}
+
+QVector<QWidget *> Control::tabWidgets() const
+{
+    QVector<QWidget *> widgets;
+    if (!m_widget)
+        return widgets;
+    if (m_widget->focusPolicy() != Qt::NoFocus)
+        widgets.append(m_widget);
+    for (const Control *child : m_children)
+        widgets += child->tabWidgets();
+    return widgets;
 }
 
 void Control::SetFocus()
 {
-    QWidget *w = require(m_widget.data());
     // The row-focus routine asks again from every focus event of its row; a control that holds
     // the focus already, itself or in a child, keeps it where it is.
     if (hasFocus())
         return;
-    if (!m_visible || !w->isEnabled())
+    if (!m_visible || !Enabled())
         raise(ErrInvalidCall, QStringLiteral("Invalid procedure call or argument"));
-    // A control out of its container's view is shown for the focus; the container then brings
-    // it into view as its focus arrives.
-    for (QWidget *part = w; part; part = part->parentWidget()) {
-        if (Control *control = Control::of(part))
-            control->setInView(true);
-    }
+    // A control out of its container's view is realized for the focus; the container then
+    // brings it into view as its focus arrives.
+    for (Control *part = this; part; part = part->m_surface)
+        part->setInView(true);
+    QWidget *w = require(widget());
     w->setFocus(Qt::OtherFocusReason);
 }
 

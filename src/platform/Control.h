@@ -39,22 +39,33 @@ int typedCharacter(const QKeyEvent &key);
 int shiftStateOf(Qt::KeyboardModifiers modifiers);
 
 // A child control as the system sees it: a name, a container, geometry in the container's units
-// (twips), visibility, colours, a font, and the events it listens to. The geometry is kept as the
-// values that were set; the widget sits at the rounded pixel position. Key handlers receive the
-// key code, shift state and character by reference and swallow a key by setting it to 0.
+// (twips), visibility, colours, a font, and the events it listens to. The control is its state,
+// not its widget: all that the system reads or writes of it is kept here, and a widget is
+// realized for it only while it is needed (it is visible and in its container's view, it takes
+// the focus, or code asks for widget()). Realizing takes a widget of the control's kind from the
+// container's pool, or makes one, and pushes the state into it; releasing returns it to the pool.
+// What the user changes is taken back as it happens, so the state is always current. Controls
+// made around a widget of their own (forms, scroll bars, surfaces) keep that widget for life.
+// Key handlers receive the key code, shift state and character by reference and swallow a key by
+// setting it to 0.
 class Control : public QObject
 {
     Q_OBJECT
 public:
+    // A control around a widget of its own, kept for the control's whole life.
     Control(QWidget *widget, const QString &name, QObject *owner = nullptr);
-    // Deletes the widget only while no container holds it: a widget in a container goes with
-    // its container, as every child control does when its user control unloads.
+    // Releases its widget to the container's pool; a widget of its own is deleted only while no
+    // container holds it: a widget in a container goes with its container.
     ~Control() override;
 
-    // The control that wraps a widget, if any.
+    // The control that a widget is realized for, if any.
     static Control *of(const QWidget *widget);
 
-    QWidget *widget() const { return m_widget; }
+    // The control's widget, realized now if it has none; null only for a kind without widgets.
+    QWidget *widget() const;
+    // The widget if one is realized, without realizing one.
+    QWidget *realizedWidget() const { return m_widget; }
+    bool isRealized() const { return m_widget; }
     QString Name() const { return objectName(); }
 
     float Left() const { return m_left; }
@@ -70,11 +81,8 @@ public:
 
     bool Visible() const { return m_visible; }
     void setVisible(bool visible);
-    // Whether the container currently shows the control's part of itself. A container with
-    // thousands of children keeps only those near its view as its own; the others wait in a
-    // hidden holder inside it, since Qt's work for a widget (painting, passing on updates,
-    // finding what lies under the pointer) walks all its children, shown or not. Visible,
-    // Container, geometry and the tab order are unaffected.
+    // Whether the control is within reach of its container's view. A control out of reach has
+    // no widget; Visible, Container, geometry and events are unaffected.
     bool inView() const { return m_inView; }
     void setInView(bool inView);
     // Puts the control's widget just below another one of the same container.
@@ -91,15 +99,23 @@ public:
     QFont Font() const;
     void setFont(const QFont &font);
 
-    QString ToolTipText() const;
+    QString ToolTipText() const { return m_toolTip; }
     void setToolTipText(const QString &text);
     // A free-use text, as every control of the original platform had.
     QString Tag() const { return m_tag; }
     void setTag(const QString &tag) { m_tag = tag; }
+    // What assistive technology says of the control and of each of its parts that can take
+    // the focus.
+    void setAccessibleText(const QString &name, const QString &description);
 
-    // The widget this control sits in; moving it there keeps the geometry.
+    // The widget this control sits in (for a control in a user control without a window of its
+    // own, that control's widget while it has one); moving it there keeps the geometry.
     QWidget *Container() const;
     void setContainer(QWidget *container);
+    // Puts the control on the surface of a control without a window of its own: its widget then
+    // lives inside that control's widget, realized and released with it.
+    void setContainer(Control *surface);
+    Control *containerControl() const { return m_surface; }
 
     // Gives the focus; a hidden or disabled control cannot take it (error 5). A control that
     // holds the focus already, itself or in a child, ignores the request.
@@ -111,6 +127,9 @@ public:
     // list) took it away, rather than arriving anew.
     bool focusReturned() const;
 
+    // The widgets of the control that Tab reaches, in their order.
+    QVector<QWidget *> tabWidgets() const;
+
 signals:
     void GotFocus();
     void LostFocus();
@@ -121,26 +140,62 @@ signals:
     void DblClick();
 
 protected:
+    // A control whose widget is realized when needed.
+    Control(const QString &name, QObject *owner);
+
+    // A new widget of the control's kind, in its default state; kinds without widgets return
+    // null.
+    virtual QWidget *createWidget() { return nullptr; }
+    // The pool a widget of this control goes back to; by default one per class.
+    virtual const void *widgetKind() const { return metaObject(); }
+    // Puts the kind's own state into a widget just realized and connects to it; the shared state
+    // (geometry, colours, font, ...) is in it already.
+    virtual void attach(QWidget *) {}
+    // The widget is about to be released; connections from it are undone afterwards.
+    virtual void detach(QWidget *) {}
+    // The size changed, in pixels: controls that lay out children do it here.
+    virtual void resized() {}
+
     bool eventFilter(QObject *watched, QEvent *event) override;
     // Puts the colours on the widget; controls whose colours live elsewhere override it.
     virtual void applyColors();
-    void placeWidget();
-    void showWidget();
 
 private:
+    QWidget *containerWidget() const;
+    // Realizes or releases the widget as visibility, reach and the container now ask.
+    void updateWidget();
+    QWidget *realize();
+    void release();
+    void bind(QWidget *widget);
+    void placeWidget();
+    void showWidget();
+    void applyFont();
+    void applyAccessibleText();
+    void geometryChanged(int oldWidth, int oldHeight);
     bool filterKey(QObject *watched, QEvent *event);
 
     QPointer<QWidget> m_widget;
-    // The container while the control is out of its view.
     QPointer<QWidget> m_container;
+    Control *m_surface = nullptr;
+    QVector<Control *> m_children;
     float m_left = 0, m_top = 0, m_width = 0, m_height = 0;
-    bool m_visible = true;
-    bool m_inView = true;
     OleColor m_backColor = SystemColor::WindowBackground;
     OleColor m_foreColor = SystemColor::WindowText;
+    QFont m_font;
+    QString m_toolTip;
     QString m_tag;
+    QString m_accessibleName;
+    QString m_accessibleDescription;
     Qt::FocusReason m_focusReason = Qt::OtherFocusReason;
     Qt::FocusReason m_lostFocusReason = Qt::OtherFocusReason;
+    bool m_ownWidget = false;
+    bool m_visible = false;
+    bool m_inView = true;
+    bool m_enabled = true;
+    bool m_tabStop = true;
+    bool m_tabStopSet = false;
+    bool m_colorsSet = false;
+    bool m_fontSet = false;
     bool m_resending = false;
 };
 

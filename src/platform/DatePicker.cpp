@@ -3,6 +3,7 @@
 #include "platform/Error.h"
 
 #include <QDateEdit>
+#include <QSignalBlocker>
 
 namespace kwFieldDeck {
 
@@ -23,29 +24,72 @@ protected:
 } // namespace
 
 DatePicker::DatePicker(const QString &name, QObject *owner)
-    : Control(new RowDateEdit, name, owner)
+    : Control(name, owner)
 {
-    QDateEdit *edit = dateEdit();
+}
+
+QWidget *DatePicker::createWidget()
+{
+    auto *edit = new RowDateEdit;
     edit->setCalendarPopup(true);
-    edit->setMinimumDate(QDate(1601, 1, 1));
-    edit->setMaximumDate(QDate(9999, 12, 31));
-    connect(edit, &QDateEdit::dateChanged, this, &DatePicker::Change);
+    return edit;
+}
+
+void DatePicker::attach(QWidget *widget)
+{
+    auto *edit = static_cast<QDateEdit *>(widget);
+    {
+        const QSignalBlocker quiet(edit);
+        edit->setDateRange(m_minDate, m_maxDate);
+        edit->setDate(m_date);
+    }
+    connect(edit, &QDateEdit::dateChanged, this, &DatePicker::changeDate);
 }
 
 QDateEdit *DatePicker::dateEdit() const { return static_cast<QDateEdit *>(widget()); }
 
-QVariant DatePicker::Value() const { return dateEdit()->date(); }
+void DatePicker::changeDate(const QDate &date)
+{
+    m_date = date;
+    emit Change();
+}
+
+QVariant DatePicker::Value() const { return m_date; }
 
 void DatePicker::setValue(const QDate &date)
 {
-    if (!date.isValid() || date < dateEdit()->minimumDate() || date > dateEdit()->maximumDate())
+    if (!date.isValid() || date < m_minDate || date > m_maxDate)
         raise(380, QStringLiteral("Invalid property value"));
-    dateEdit()->setDate(date);
+    if (auto *edit = static_cast<QDateEdit *>(realizedWidget()))
+        edit->setDate(date);
+    else if (date != m_date)
+        changeDate(date);
 }
 
-QDate DatePicker::MinDate() const { return dateEdit()->minimumDate(); }
-void DatePicker::setMinDate(const QDate &date) { dateEdit()->setMinimumDate(date); }
-QDate DatePicker::MaxDate() const { return dateEdit()->maximumDate(); }
-void DatePicker::setMaxDate(const QDate &date) { dateEdit()->setMaximumDate(date); }
+QDate DatePicker::MinDate() const { return m_minDate; }
+
+void DatePicker::setMinDate(const QDate &date)
+{
+    m_minDate = date;
+    if (m_maxDate < date)
+        m_maxDate = date;
+    if (auto *edit = static_cast<QDateEdit *>(realizedWidget()))
+        edit->setMinimumDate(date);
+    else if (m_date < date)
+        changeDate(date);
+}
+
+QDate DatePicker::MaxDate() const { return m_maxDate; }
+
+void DatePicker::setMaxDate(const QDate &date)
+{
+    m_maxDate = date;
+    if (m_minDate > date)
+        m_minDate = date;
+    if (auto *edit = static_cast<QDateEdit *>(realizedWidget()))
+        edit->setMaximumDate(date);
+    else if (m_date > date)
+        changeDate(date);
+}
 
 } // namespace kwFieldDeck

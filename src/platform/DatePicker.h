@@ -25,10 +25,22 @@ public:
     QDate MaxDate() const;
     void setMaxDate(const QDate &date);
 
+    // The widget, realized now if the picker has none.
     QDateEdit *dateEdit() const;
 
 signals:
     void Change();
+
+protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
+
+private:
+    void changeDate(const QDate &date);
+
+    QDate m_date = QDate::currentDate();
+    QDate m_minDate = QDate(1601, 1, 1);
+    QDate m_maxDate = QDate(9999, 12, 31);
 };
 
 } // namespace kwFieldDeck

@@ -3,6 +3,7 @@
 #include "platform/ClassFactory.h"
 
 #include <QMouseEvent>
+#include <QSignalBlocker>
 #include <QSlider>
 
 #include <algorithm>
@@ -10,26 +11,25 @@
 namespace kwFieldDeck {
 
 namespace {
-// A slider that reports a mouse click on itself.
+// A slider that reports a mouse click on itself to the control it is realized for.
 class ClickSlider : public QSlider
 {
 public:
-    explicit ClickSlider(Slider *owner)
+    ClickSlider()
         : QSlider(Qt::Horizontal)
-        , m_owner(owner)
     {
     }
+
+    Slider *owner = nullptr;
 
 protected:
     void mouseReleaseEvent(QMouseEvent *event) override
     {
         QSlider::mouseReleaseEvent(event);
-        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-            emit m_owner->Click();
+        if (owner && event->button() == Qt::LeftButton
+            && rect().contains(event->position().toPoint()))
+            emit owner->Click();
     }
-
-private:
-    Slider *m_owner;
 };
 
 const bool registered = ClassFactory::registerClass(QLatin1String(Slider::ClassId),
@@ -37,18 +37,38 @@ const bool registered = ClassFactory::registerClass(QLatin1String(Slider::ClassI
 } // namespace
 
 Slider::Slider(const QString &name, QObject *owner)
-    : Control(new ClickSlider(this), name, owner)
+    : Control(name, owner)
 {
     Q_UNUSED(registered)
-    QSlider *bar = slider();
+}
+
+QWidget *Slider::createWidget()
+{
+    auto *bar = new ClickSlider;
     bar->setTracking(false);
     // Without tick marks the groove runs through the middle, in line with text beside it.
     bar->setTickPosition(QSlider::NoTicks);
     bar->setSingleStep(1);
     bar->setPageStep(5);
-    applyRange();
-    connect(bar, &QSlider::valueChanged, this, &Slider::Change);
+    return bar;
+}
+
+void Slider::attach(QWidget *widget)
+{
+    auto *bar = static_cast<QSlider *>(widget);
+    {
+        const QSignalBlocker quiet(bar);
+        applyRange();
+        bar->setValue(m_value);
+    }
+    connect(bar, &QSlider::valueChanged, this, &Slider::changeValue);
     connect(bar, &QSlider::sliderMoved, this, &Slider::Scroll);
+    static_cast<ClickSlider *>(bar)->owner = this;
+}
+
+void Slider::detach(QWidget *widget)
+{
+    static_cast<ClickSlider *>(widget)->owner = nullptr;
 }
 
 QSlider *Slider::slider() const
@@ -56,16 +76,28 @@ QSlider *Slider::slider() const
     return static_cast<QSlider *>(widget());
 }
 
+void Slider::changeValue(int value)
+{
+    m_value = value;
+    emit Change();
+}
+
 qint32 Slider::Value() const
 {
-    return slider()->sliderPosition();
+    // While the thumb is dragged, Value is where the thumb is.
+    const auto *bar = static_cast<const QSlider *>(realizedWidget());
+    return bar ? bar->sliderPosition() : m_value;
 }
 
 void Slider::setValue(qint32 value)
 {
     // While the thumb is dragged, Value is where the thumb is: setting that is no change.
-    if (value != Value())
-        slider()->setValue(value);
+    if (value == Value())
+        return;
+    if (auto *bar = static_cast<QSlider *>(realizedWidget()))
+        bar->setValue(value);
+    else if (std::clamp(value, std::min(m_min, m_max), std::max(m_min, m_max)) != m_value)
+        changeValue(std::clamp(value, std::min(m_min, m_max), std::max(m_min, m_max)));
 }
 
 void Slider::setMin(qint32 min)
@@ -82,8 +114,14 @@ void Slider::setMax(qint32 max)
 
 void Slider::applyRange()
 {
-    slider()->setRange(std::min(m_min, m_max), std::max(m_min, m_max));
-    slider()->setTickInterval(std::max(1, (slider()->maximum() - slider()->minimum()) / 10));
+    const qint32 low = std::min(m_min, m_max), high = std::max(m_min, m_max);
+    if (auto *bar = static_cast<QSlider *>(realizedWidget())) {
+        bar->setRange(low, high);
+        bar->setTickInterval(std::max(1, (high - low) / 10));
+    } else if (std::clamp(m_value, low, high) != m_value) {
+        // A value outside the new range is brought into it, as the widget does.
+        changeValue(std::clamp(m_value, low, high));
+    }
 }
 
 } // namespace kwFieldDeck

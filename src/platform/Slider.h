@@ -26,15 +26,23 @@ public:
     qint32 Max() const { return m_max; }
     void setMax(qint32 max);
 
+    // The widget, realized now if the slider has none.
     QSlider *slider() const;
 
 signals:
     void Change();
     void Scroll();
 
+protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
+    void detach(QWidget *widget) override;
+
 private:
     void applyRange();
+    void changeValue(int value);
 
+    qint32 m_value = 0;
     qint32 m_min = 0;
     qint32 m_max = 10;
 };

@@ -1,6 +1,7 @@
 #include "platform/TextBox.h"
 
 #include <QClipboard>
+#include <QHash>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -135,54 +136,141 @@ protected:
 } // namespace
 
 TextBox::TextBox(const QString &name, QObject *owner)
-    : Control(new TextBoxEdit, name, owner)
+    : Control(name, owner)
 {
-    connect(lineEdit(), &QLineEdit::textChanged, this, &TextBox::Change);
+}
+
+QWidget *TextBox::createWidget() { return new TextBoxEdit; }
+
+void TextBox::attach(QWidget *widget)
+{
+    auto *edit = static_cast<TextBoxEdit *>(widget);
+    edit->setText(m_text);
+    edit->setReadOnly(m_locked);
+    edit->userMaxLength = m_maxLength;
+    applyLook();
+    if (m_selLength)
+        edit->setSelection(m_selStart, m_selLength);
+    else
+        edit->setCursorPosition(m_selStart);
+    connect(edit, &QLineEdit::textChanged, this, &TextBox::changeText);
+}
+
+void TextBox::detach(QWidget *)
+{
+    m_selStart = SelStart();
+    m_selLength = SelLength();
 }
 
 QLineEdit *TextBox::lineEdit() const { return static_cast<QLineEdit *>(widget()); }
 
-QString TextBox::Text() const { return lineEdit()->text(); }
+void TextBox::changeText(const QString &text)
+{
+    m_text = text;
+    emit Change();
+}
+
+QString TextBox::Text() const { return m_text; }
 
 void TextBox::setText(const QString &text)
 {
-    lineEdit()->setText(text);
-    lineEdit()->setCursorPosition(0);
+    m_selStart = m_selLength = 0;
+    if (QWidget *widget = realizedWidget()) {
+        auto *edit = static_cast<QLineEdit *>(widget);
+        edit->setText(text);
+        edit->setCursorPosition(0);
+    } else if (text != m_text) {
+        changeText(text);
+    }
 }
 
-bool TextBox::Locked() const { return lineEdit()->isReadOnly(); }
-void TextBox::setLocked(bool locked) { lineEdit()->setReadOnly(locked); }
+bool TextBox::Locked() const { return m_locked; }
+
+void TextBox::setLocked(bool locked)
+{
+    m_locked = locked;
+    if (QWidget *widget = realizedWidget())
+        static_cast<QLineEdit *>(widget)->setReadOnly(locked);
+}
 
 int TextBox::MaxLength() const { return m_maxLength; }
 
 void TextBox::setMaxLength(int length)
 {
     m_maxLength = std::max(0, length);
-    static_cast<TextBoxEdit *>(lineEdit())->userMaxLength = m_maxLength;
+    if (QWidget *widget = realizedWidget())
+        static_cast<TextBoxEdit *>(widget)->userMaxLength = m_maxLength;
 }
 
 void TextBox::setAppearance(int appearance)
 {
     m_appearance = appearance;
-    auto *edit = static_cast<TextBoxEdit *>(lineEdit());
-    edit->flat = appearance == 0;
-    edit->setFrame(appearance != 0);
-    edit->setTextMargins(appearance == 0 ? 3 : 0, 0, appearance == 0 ? 2 : 0, 0);
+    applyLook();
+}
+
+void TextBox::setBorderStyle(int style)
+{
+    m_borderStyle = style;
+    applyLook();
+}
+
+void TextBox::applyLook()
+{
+    auto *edit = static_cast<TextBoxEdit *>(realizedWidget());
+    if (!edit)
+        return;
+    const bool flat = m_appearance == 0;
+    edit->flat = flat;
+    edit->setFrame(!flat && m_borderStyle != 0);
+    edit->setTextMargins(flat ? 3 : 0, 0, flat ? 2 : 0, 0);
     edit->update();
+}
+
+float TextBox::framedHeight(const QFont &font)
+{
+    static QHash<QString, float> heights;
+    const QString key = font.key();
+    auto found = heights.constFind(key);
+    if (found != heights.constEnd())
+        return *found;
+    // Measured once per font on a box that is never shown.
+    static TextBoxEdit *measure = new TextBoxEdit;
+    measure->setFont(font);
+    const float height = float(measure->minimumSizeHint().height() * twipsPerPixelY());
+    heights.insert(key, height);
+    return height;
 }
 
 int TextBox::SelStart() const
 {
-    return lineEdit()->hasSelectedText() ? lineEdit()->selectionStart()
-                                         : lineEdit()->cursorPosition();
+    const auto *edit = static_cast<const QLineEdit *>(realizedWidget());
+    if (!edit)
+        return m_selStart;
+    return edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
 }
 
-void TextBox::setSelStart(int start) { lineEdit()->setCursorPosition(start); }
+void TextBox::setSelStart(int start)
+{
+    m_selStart = std::clamp(start, 0, int(m_text.size()));
+    m_selLength = 0;
+    if (QWidget *widget = realizedWidget())
+        static_cast<QLineEdit *>(widget)->setCursorPosition(start);
+}
 
-int TextBox::SelLength() const { return int(lineEdit()->selectedText().size()); }
+int TextBox::SelLength() const
+{
+    const auto *edit = static_cast<const QLineEdit *>(realizedWidget());
+    return edit ? int(edit->selectedText().size()) : m_selLength;
+}
 
-void TextBox::setSelLength(int length) { lineEdit()->setSelection(SelStart(), length); }
+void TextBox::setSelLength(int length)
+{
+    const int start = SelStart();
+    m_selLength = std::clamp(length, 0, int(m_text.size()) - start);
+    if (QWidget *widget = realizedWidget())
+        static_cast<QLineEdit *>(widget)->setSelection(start, length);
+}
 
-QString TextBox::SelText() const { return lineEdit()->selectedText(); }
+QString TextBox::SelText() const { return m_text.mid(SelStart(), SelLength()); }
 
 } // namespace kwFieldDeck

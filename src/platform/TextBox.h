@@ -25,20 +25,39 @@ public:
     void setMaxLength(int length);
     int Appearance() const { return m_appearance; }
     void setAppearance(int appearance);
+    // 1 draws the box's frame, 0 none.
+    int BorderStyle() const { return m_borderStyle; }
+    void setBorderStyle(int style);
     int SelStart() const;
     void setSelStart(int start);
     int SelLength() const;
     void setSelLength(int length);
     QString SelText() const;
 
+    // The widget, realized now if the box has none.
     QLineEdit *lineEdit() const;
+    // The height, in twips, of a framed box that shows a line of text in a font.
+    static float framedHeight(const QFont &font);
 
 signals:
     void Change();
 
+protected:
+    QWidget *createWidget() override;
+    void attach(QWidget *widget) override;
+    void detach(QWidget *widget) override;
+
 private:
+    void applyLook();
+    void changeText(const QString &text);
+
+    QString m_text;
     int m_appearance = 1;
+    int m_borderStyle = 1;
     int m_maxLength = 0;
+    int m_selStart = 0;
+    int m_selLength = 0;
+    bool m_locked = false;
 };
 
 } // namespace kwFieldDeck

@@ -20,16 +20,30 @@ bool &defaultUserMode()
 } // namespace
 
 void setDefaultAmbientUserMode(bool userMode) { defaultUserMode() = userMode; }
+bool defaultAmbientUserMode() { return defaultUserMode(); }
 
-Control *ControlCollection::Add(const QString &classId, const QString &name, QWidget *container)
+Control *ControlCollection::create(const QString &classId, const QString &name)
 {
     const QString key = name.toLower();
     if (m_byName.contains(key))
         raise(727, QStringLiteral("There is already a control with the name '%1'").arg(name));
-    Control *control = ClassFactory::create(classId, name, &m_owner);
-    control->setContainer(container);
+    Control *control = ClassFactory::create(classId, name, m_owner);
     m_controls.append(control);
     m_byName.insert(key, control);
+    return control;
+}
+
+Control *ControlCollection::Add(const QString &classId, const QString &name, QWidget *container)
+{
+    Control *control = create(classId, name);
+    control->setContainer(container);
+    return control;
+}
+
+Control *ControlCollection::Add(const QString &classId, const QString &name, Control *container)
+{
+    Control *control = create(classId, name);
+    control->setContainer(container);
     return control;
 }
 
@@ -100,7 +114,7 @@ bool UserControl::ambientUserMode() const
         if (auto *container = qobject_cast<UserControl *>(outer))
             return container->ambientUserMode();
     }
-    return defaultUserMode();
+    return defaultAmbientUserMode();
 }
 
 void UserControl::setAmbientUserMode(bool userMode) { m_userMode = userMode ? 1 : 0; }

@@ -12,21 +12,29 @@ class Control;
 class PropertyBag;
 
 // The child controls of a user control, by name (compared without regard to case) and in order
-// of creation. The collection owns them; they are not QObject children of the user control's
-// widget, whose children Qt walks on every pointer move and repaint.
+// of creation. They are QObject children of the owner given; for a user control with a window,
+// not of its widget, whose children Qt walks on every pointer move and repaint.
 class ControlCollection
 {
 public:
+    explicit ControlCollection(QObject *owner)
+        : m_owner(owner)
+    {
+    }
 
-    // Creates a control by class identifier under a new name, in the given container.
+    // Creates a control by class identifier under a new name, in the given container: a widget,
+    // or the surface of a user control without a window of its own.
     Control *Add(const QString &classId, const QString &name, QWidget *container);
+    Control *Add(const QString &classId, const QString &name, Control *container);
     Control *Item(const QString &name) const;
     int Count() const { return int(m_controls.size()); }
     QVector<Control *>::const_iterator begin() const { return m_controls.cbegin(); }
     QVector<Control *>::const_iterator end() const { return m_controls.cend(); }
 
 private:
-    QObject m_owner;
+    Control *create(const QString &classId, const QString &name);
+
+    QObject *m_owner;
     QVector<Control *> m_controls;
     QHash<QString, Control *> m_byName;
 };
@@ -101,7 +109,8 @@ protected:
 private:
     void applySurfaceColors();
 
-    ControlCollection m_controls;
+    QObject m_controlsOwner;
+    ControlCollection m_controls { &m_controlsOwner };
     OleColor m_backColor = SystemColor::ButtonFace;
     int m_backStyle = 1;
     int m_borderStyle = 0;
@@ -112,5 +121,6 @@ private:
 
 // The run mode that user controls report when neither they nor a container say otherwise.
 void setDefaultAmbientUserMode(bool userMode);
+bool defaultAmbientUserMode();
 
 } // namespace kwFieldDeck

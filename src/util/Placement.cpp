@@ -2,7 +2,7 @@
 
 #include "platform/Control.h"
 #include "platform/Error.h"
-#include "platform/UserControl.h"
+#include "platform/WindowlessUserControl.h"
 
 namespace kwFieldDeck {
 
@@ -24,7 +24,7 @@ void PlaceChild(
     placeIn(child, host->Width(), host->Height(), centreH, centreV, offsetX, offsetY);
 }
 
-void PlaceChild(Control *child, const UserControl *host, bool centreH, bool centreV, float offsetX,
+void PlaceChild(Control *child, const WindowlessUserControl *host, bool centreH, bool centreV, float offsetX,
     float offsetY)
 {
     require(host);

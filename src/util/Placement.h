@@ -3,7 +3,7 @@
 namespace kwFieldDeck {
 
 class Control;
-class UserControl;
+class WindowlessUserControl;
 
 // Positions a child inside its host: centred horizontally and/or vertically in the host's size
 // (its extender's size for a user control), moved by the offsets. A direction that is not
@@ -11,7 +11,7 @@ class UserControl;
 // error 91.
 void PlaceChild(Control *child, const Control *host, bool centreH, bool centreV, float offsetX = 0,
     float offsetY = 0);
-void PlaceChild(Control *child, const UserControl *host, bool centreH, bool centreV,
+void PlaceChild(Control *child, const WindowlessUserControl *host, bool centreH, bool centreV,
     float offsetX = 0, float offsetY = 0);
 
 } // namespace kwFieldDeck

@@ -8,6 +8,7 @@
 #include "platform/Control.h"
 #include "platform/Dialogs.h"
 #include "platform/TextBox.h"
+#include "platform/WindowlessUserControl.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -30,7 +31,7 @@ public:
         extender->Move(0, 450, width, height);
         extender->setVisible(true);
         after = new QLineEdit(&window);
-        editor = qobject_cast<Editor *>(extender->widget());
+        editor = qobject_cast<Editor *>(WindowlessUserControl::of(extender));
     }
 
     bool show()
@@ -39,6 +40,9 @@ public:
         window.activateWindow();
         return QTest::qWaitForWindowActive(&window);
     }
+
+    // The editor's host surface, realized.
+    QWidget *surface() const { return extender->widget(); }
 
     template <typename Child>
     Child *child(const char *name) const

@@ -54,7 +54,7 @@ private slots:
         fill(host.editor->ComboControl());
         host.editor->ComboControl()->setListIndex(2);
         QSignalSpy changes(host.editor, &kwComboField::Change);
-        QSignalSpy changed(host.editor, &UserControl::PropertyChanged);
+        QSignalSpy changed(host.editor, &WindowlessUserControl::PropertyChanged);
         host.editor->setValue(value);
         QCOMPARE(host.editor->ComboControl()->ListIndex(), index);
         QCOMPARE(host.editor->Value(), read);

@@ -38,7 +38,7 @@ private slots:
         host.editor->setFilter(QStringLiteral("Logs (*.log)|*.log"));
         test::DialogRecorder dialogs(reply);
         QSignalSpy changes(host.editor, &kwFileSelectorField::Change);
-        QSignalSpy changed(host.editor, &UserControl::PropertyChanged);
+        QSignalSpy changed(host.editor, &WindowlessUserControl::PropertyChanged);
         host.child<CommandButton>("btnBrowse")->pushButton()->click();
         QCOMPARE(dialogs.fileRequests.size(), 1);
         const Dialogs::OpenFileRequest &asked = dialogs.fileRequests.first();

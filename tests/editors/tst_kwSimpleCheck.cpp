@@ -37,7 +37,7 @@ private slots:
         QCOMPARE(check->Left(), (3000 - check->Width()) / 2);
         QCOMPARE(check->Top(), (315 - check->Height()) / 2);
         QTest::mouseClick(
-            onTheBox ? check->widget() : host.editor, Qt::LeftButton, {}, QPoint(3, 6));
+            onTheBox ? check->widget() : host.surface(), Qt::LeftButton, {}, QPoint(3, 6));
         QCOMPARE(host.editor->Value(), after);
         QCOMPARE(clicks.count(), 1);
         // Setting the value raises Click only when it changes.

@@ -118,7 +118,7 @@ private slots:
         Field *field = host.add("Enabled", ftCheckBox);
         QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
         QSignalSpy fieldChanged(field, &Field::Changed);
-        QTest::mouseClick(field->ValueCheckBox(), Qt::LeftButton);
+        QTest::mouseClick(field->ValueCheckBox()->extender()->widget(), Qt::LeftButton);
         QCOMPARE(field->ValueCheckBox()->Value(), qint16(1));
         QCOMPARE(gridChanged.count(), 1);
         QCOMPARE(fieldChanged.count(), 1);

@@ -139,8 +139,9 @@ public:
     {
         const QWidget *focus = QApplication::focusWidget();
         for (Field *field : *grid->Fields()) {
-            const QWidget *editor = editorOf(field);
-            if (focus && (focus == editor || editor->isAncestorOf(focus)))
+            // Only a realized row can hold the focus; asking no other keeps rows data.
+            const QWidget *editor = field->EditorControl()->realizedWidget();
+            if (focus && editor && (focus == editor || editor->isAncestorOf(focus)))
                 return field;
         }
         return nullptr;
@@ -161,7 +162,8 @@ public:
     static QVector<Control *> focusableParts(const Field *field)
     {
         QVector<Control *> parts;
-        if (auto *editor = qobject_cast<kwEditorControl *>(editorOf(field))) {
+        if (auto *editor = qobject_cast<kwEditorControl *>(
+                WindowlessUserControl::of(field->EditorControl()))) {
             for (Control *child : editor->Controls()) {
                 if (child->widget()->focusPolicy() & Qt::ClickFocus)
                     parts << child;

@@ -171,7 +171,7 @@ private slots:
         test::ErrorRecorder errors;
         test::MessageRecorder messages;
         Field *field = host.add("Level", ftSlider);
-        ClassFactory::registerUserControl<kwSliderValue>(classId);
+        registerEditor<kwSliderValue>("kwSliderValue");
         QVERIFY(field && !field->ValueSlider());
         QVERIFY(!errors.errors.isEmpty());
         QCOMPARE(errors.errors.first().number, int(ErrCannotCreateObject));
