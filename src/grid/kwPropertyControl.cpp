@@ -40,6 +40,10 @@ kwPropertyControl::kwPropertyControl(QWidget *parent)
     // The canvas grows downwards with every row; only what newly comes into view needs painting,
     // not the whole visible canvas once per added row.
     picInner->widget()->setAttribute(Qt::WA_StaticContents);
+    // The scroll bar paints all of itself: a new range, which every row of a layout brings, then
+    // repaints the bar alone and not the viewport under it, whose paint would run the paint
+    // handler and so set the range again, once per row.
+    VScroll1->widget()->setAttribute(Qt::WA_OpaquePaintEvent);
     paintThrough(picOuter->widget());
     paintThrough(picInner->widget());
     VScroll1->setWidth(255);
