@@ -5,7 +5,10 @@
 #include "platform/Services.h"
 #include "platform/Values.h"
 
+#include <QHash>
+
 #include <cmath>
+#include <utility>
 
 namespace kwFieldDeck {
 
@@ -16,9 +19,17 @@ kwEditorControl::kwEditorControl(const char *controlName)
 
 kwEditorControl::~kwEditorControl() = default;
 
-QByteArray kwEditorControl::source(const char *kind, const char *name) const
+const QByteArray &kwEditorControl::source(const char *kind, const char *name) const
 {
-    return QByteArray(kind) + " '" + name + "' of User Control '" + m_controlName + '\'';
+    // Keyed by the literals' addresses: each call site passes the same ones every time.
+    using Key = std::pair<const char *, std::pair<const char *, const char *>>;
+    static QHash<Key, QByteArray> sources;
+    const Key key { m_controlName, { kind, name } };
+    auto found = sources.find(key);
+    if (found == sources.end())
+        found = sources.insert(key,
+            QByteArray(kind) + " '" + name + "' of User Control '" + m_controlName + '\'');
+    return *found;
 }
 
 OleColor kwEditorControl::BackColor() const

@@ -124,7 +124,8 @@ protected:
     virtual Control *focusTarget();
 
     // "<kind> '<name>' of User Control '<control>'": the source text of an error report.
-    QByteArray source(const char *kind, const char *name) const;
+    // Made once per text and kept, since every trapped call names its source.
+    const QByteArray &source(const char *kind, const char *name) const;
 
     // A persisted property's setter: the assignment under the error trap, then property-changed.
     template <typename Assign>
