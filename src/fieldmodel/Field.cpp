@@ -42,11 +42,19 @@ void Field::applyToEditor(Apply &&apply) const
 
 Field::Field(QObject *parent)
     : QObject(parent)
-    , m_DropDownValues(new kwFieldDeck::DropDownValues(this))
     , m_Min(int16Value(0))
     , m_Max(int16Value(100))
 {
-    m_DropDownValues->setParentClass(this);
+}
+
+kwFieldDeck::DropDownValues *Field::DropDownValues() const
+{
+    if (!m_DropDownValues) {
+        auto *self = const_cast<Field *>(this);
+        m_DropDownValues = new kwFieldDeck::DropDownValues(self);
+        m_DropDownValues->setParentClass(self);
+    }
+    return m_DropDownValues;
 }
 
 Field::~Field() = default;
@@ -156,7 +164,7 @@ QVariant Field::Value() const
             return m_Value;
         if (m_FieldType != ftCombo)
             return m_Value;
-        if (m_DropDownValues->UseComboItemData())
+        if (DropDownValues()->UseComboItemData())
             return require(m_ValueComboBox)->Value();
         if (!m_ValueComboBox)
             return QString();

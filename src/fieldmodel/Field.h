@@ -82,7 +82,8 @@ public:
     QString Filter() const;
     void setFilter(const QString &filter);
 
-    kwFieldDeck::DropDownValues *DropDownValues() const { return m_DropDownValues; }
+    // Made when first asked for: most fields never have a list.
+    kwFieldDeck::DropDownValues *DropDownValues() const;
 
     Q_INVOKABLE void SetFocus();
 
@@ -160,7 +161,7 @@ private:
     qint32 m_Size = 0;
     qint32 m_FieldType = 0;
     QVariant m_Value;
-    kwFieldDeck::DropDownValues *m_DropDownValues = nullptr;
+    mutable kwFieldDeck::DropDownValues *m_DropDownValues = nullptr;
     QVariant m_Min;
     QVariant m_Max;
     Fields *m_ParentClass = nullptr;

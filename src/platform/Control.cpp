@@ -144,9 +144,9 @@ int shiftStateOf(Qt::KeyboardModifiers modifiers)
 
 Control::Control(QWidget *widget, const QString &name, QObject *owner)
     : QObject(owner)
+    , m_name(name)
     , m_ownWidget(true)
 {
-    setObjectName(name);
     m_width = float(widget->width() * twipsPerPixelX());
     m_height = float(widget->height() * twipsPerPixelY());
     m_visible = !widget->isHidden();
@@ -156,8 +156,8 @@ Control::Control(QWidget *widget, const QString &name, QObject *owner)
 
 Control::Control(const QString &name, QObject *owner)
     : QObject(owner)
+    , m_name(name)
 {
-    setObjectName(name);
 }
 
 Control::~Control()
@@ -279,7 +279,7 @@ QWidget *Control::realize()
 void Control::bind(QWidget *widget)
 {
     m_widget = widget;
-    widget->setObjectName(objectName());
+    widget->setObjectName(m_name);
     widget->setProperty(wrapperProperty, QVariant::fromValue<QObject *>(this));
     widget->installEventFilter(this);
     if (m_ownWidget)

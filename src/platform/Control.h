@@ -66,7 +66,7 @@ public:
     // The widget if one is realized, without realizing one.
     QWidget *realizedWidget() const { return m_widget; }
     bool isRealized() const { return m_widget; }
-    QString Name() const { return objectName(); }
+    QString Name() const { return m_name; }
 
     float Left() const { return m_left; }
     float Top() const { return m_top; }
@@ -142,6 +142,8 @@ signals:
 protected:
     // A control whose widget is realized when needed.
     Control(const QString &name, QObject *owner);
+    // Names a control made before its name was known.
+    void setName(const QString &name) { m_name = name; }
 
     // A new widget of the control's kind, in its default state; kinds without widgets return
     // null.
@@ -174,6 +176,8 @@ private:
     void geometryChanged(int oldWidth, int oldHeight);
     bool filterKey(QObject *watched, QEvent *event);
 
+    // Kept here rather than as the object name, which costs every control an extra block.
+    QString m_name;
     QPointer<QWidget> m_widget;
     QPointer<QWidget> m_container;
     Control *m_surface = nullptr;

@@ -22,14 +22,23 @@ bool &defaultUserMode()
 void setDefaultAmbientUserMode(bool userMode) { defaultUserMode() = userMode; }
 bool defaultAmbientUserMode() { return defaultUserMode(); }
 
+namespace {
+// A user control's few children are found by looking through them; the grid's many by name.
+constexpr qsizetype HashedFrom = 16;
+} // namespace
+
 Control *ControlCollection::create(const QString &classId, const QString &name)
 {
-    const QString key = name.toLower();
-    if (m_byName.contains(key))
+    if (Item(name))
         raise(727, QStringLiteral("There is already a control with the name '%1'").arg(name));
     Control *control = ClassFactory::create(classId, name, m_owner);
     m_controls.append(control);
-    m_byName.insert(key, control);
+    if (m_controls.size() == HashedFrom) {
+        for (Control *each : std::as_const(m_controls))
+            m_byName.insert(each->Name().toLower(), each);
+    } else if (m_controls.size() > HashedFrom) {
+        m_byName.insert(name.toLower(), control);
+    }
     return control;
 }
 
@@ -49,7 +58,13 @@ Control *ControlCollection::Add(const QString &classId, const QString &name, Con
 
 Control *ControlCollection::Item(const QString &name) const
 {
-    return m_byName.value(name.toLower());
+    if (m_controls.size() >= HashedFrom)
+        return m_byName.value(name.toLower());
+    for (Control *control : m_controls) {
+        if (control->Name().compare(name, Qt::CaseInsensitive) == 0)
+            return control;
+    }
+    return nullptr;
 }
 
 UserControl::UserControl(QWidget *parent)

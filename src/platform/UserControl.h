@@ -36,6 +36,7 @@ private:
 
     QObject *m_owner;
     QVector<Control *> m_controls;
+    // By lower-case name, once the collection is large enough for looking up to need it.
     QHash<QString, Control *> m_byName;
 };
 

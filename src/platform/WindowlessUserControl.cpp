@@ -45,6 +45,7 @@ public:
     }
 
     WindowlessUserControl *userControl() const { return m_userControl; }
+    using Control::setName;
 
     void applySurface()
     {
@@ -134,7 +135,7 @@ WindowlessUserControl::~WindowlessUserControl() = default;
 
 Control *WindowlessUserControl::makeExtender(const QString &name, QObject *owner)
 {
-    m_extender->setObjectName(name);
+    static_cast<SurfaceExtender *>(m_extender)->setName(name);
     m_extender->setParent(owner);
     return m_extender;
 }
