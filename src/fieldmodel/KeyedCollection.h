@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/CaselessKey.h"
 #include "platform/Error.h"
 #include "platform/Values.h"
 
@@ -20,12 +21,11 @@ public:
     // Appends an item under a key; a key already present is error 457.
     void add(T *item, const QString &key)
     {
-        const QString folded = key.toCaseFolded();
-        if (m_byKey.contains(folded))
+        if (m_byKey.contains({ key }))
             raise(ErrDuplicateKey);
         m_items.append(item);
-        m_keys.append(folded);
-        m_byKey.insert(folded, item);
+        m_keys.append({ key });
+        m_byKey.insert({ key }, item);
     }
 
     // A 1-based position or a key; a missing element is error 9 (position) or 5 (key). A key
@@ -52,7 +52,7 @@ public:
     // Unchecked access by 0-based index, for the library's own loops.
     T *at(int index) const { return m_items.at(index); }
     T *last() const { return m_items.isEmpty() ? nullptr : m_items.last(); }
-    bool contains(const QString &key) const { return m_byKey.contains(key.toCaseFolded()); }
+    bool contains(const QString &key) const { return m_byKey.contains({ key }); }
 
     typename QList<T *>::const_iterator begin() const { return m_items.cbegin(); }
     typename QList<T *>::const_iterator end() const { return m_items.cend(); }
@@ -60,7 +60,7 @@ public:
 private:
     T *byKey(const QString &key) const
     {
-        T *found = m_byKey.value(key.toCaseFolded());
+        T *found = m_byKey.value({ key });
         if (!found)
             raise(ErrInvalidCall);
         return found;
@@ -75,8 +75,8 @@ private:
     }
 
     QList<T *> m_items;
-    QList<QString> m_keys;
-    QHash<QString, T *> m_byKey;
+    QList<CaselessKey> m_keys;
+    QHash<CaselessKey, T *> m_byKey;
 };
 
 } // namespace kwFieldDeck

@@ -1,5 +1,6 @@
 #include "platform/ClassFactory.h"
 
+#include "platform/CaselessKey.h"
 #include "platform/Control.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
@@ -16,9 +17,9 @@ QString libraryTitle() { return QStringLiteral("kwFieldDeck"); }
 namespace ClassFactory {
 
 namespace {
-QHash<QString, Creator> &registry()
+QHash<CaselessKey, Creator> &registry()
 {
-    static QHash<QString, Creator> classes;
+    static QHash<CaselessKey, Creator> classes;
     return classes;
 }
 
@@ -45,20 +46,20 @@ void registerStandardControls()
 
 bool registerClass(const QString &classId, Creator creator)
 {
-    registry().insert(classId.toLower(), std::move(creator));
+    registry().insert({ classId }, std::move(creator));
     return true;
 }
 
 bool isRegistered(const QString &classId)
 {
     registerStandardControls();
-    return registry().contains(classId.toLower());
+    return registry().contains({ classId });
 }
 
 Control *create(const QString &classId, const QString &name, QObject *owner)
 {
     registerStandardControls();
-    const auto found = registry().constFind(classId.toLower());
+    const auto found = registry().constFind({ classId });
     if (found == registry().constEnd())
         raise(ErrCannotCreateObject,
               QStringLiteral("Invalid class string: '%1' is not registered").arg(classId));

@@ -35,9 +35,9 @@ Control *ControlCollection::create(const QString &classId, const QString &name)
     m_controls.append(control);
     if (m_controls.size() == HashedFrom) {
         for (Control *each : std::as_const(m_controls))
-            m_byName.insert(each->Name().toLower(), each);
+            m_byName.insert({ each->Name() }, each);
     } else if (m_controls.size() > HashedFrom) {
-        m_byName.insert(name.toLower(), control);
+        m_byName.insert({ name }, control);
     }
     return control;
 }
@@ -59,7 +59,7 @@ Control *ControlCollection::Add(const QString &classId, const QString &name, Con
 Control *ControlCollection::Item(const QString &name) const
 {
     if (m_controls.size() >= HashedFrom)
-        return m_byName.value(name.toLower());
+        return m_byName.value({ name });
     for (Control *control : m_controls) {
         if (control->Name().compare(name, Qt::CaseInsensitive) == 0)
             return control;

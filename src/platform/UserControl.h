@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/CaselessKey.h"
 #include "platform/Colors.h"
 
 #include <QHash>
@@ -36,8 +37,8 @@ private:
 
     QObject *m_owner;
     QVector<Control *> m_controls;
-    // By lower-case name, once the collection is large enough for looking up to need it.
-    QHash<QString, Control *> m_byName;
+    // By name, once the collection is large enough for looking up to need it.
+    QHash<CaselessKey, Control *> m_byName;
 };
 
 // The base of the library's composite controls: a host surface (this widget) with child
