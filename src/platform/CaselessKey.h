@@ -2,6 +2,7 @@
 
 #include <QHashFunctions>
 #include <QString>
+#include <QVarLengthArray>
 
 namespace kwFieldDeck {
 
@@ -20,10 +21,11 @@ inline bool operator==(const CaselessKey &a, const CaselessKey &b)
 
 inline size_t qHash(const CaselessKey &key, size_t seed = 0)
 {
-    size_t hash = seed;
-    for (const QChar c : key.text)
-        hash = hash * 31 + c.toCaseFolded().unicode();
-    return hash;
+    // The folded characters, hashed as one block as QString's own hash does.
+    QVarLengthArray<char16_t, 64> folded(key.text.size());
+    for (qsizetype i = 0; i < key.text.size(); ++i)
+        folded[i] = key.text.at(i).toCaseFolded().unicode();
+    return qHashBits(folded.constData(), size_t(folded.size()) * sizeof(char16_t), seed);
 }
 
 } // namespace kwFieldDeck

@@ -5,12 +5,10 @@
 #include "platform/Values.h"
 
 #include <QFontMetrics>
-#include <QHash>
 
 namespace kwFieldDeck {
 
-namespace {
-QString fitPath(const QFont &font, int widthPixels, const QString &path)
+QString FitPath(const QFont &font, int widthPixels, const QString &path)
 {
     const QFontMetrics metrics(font);
     if (path.isEmpty() || metrics.horizontalAdvance(path) <= widthPixels)
@@ -29,38 +27,6 @@ QString fitPath(const QFont &font, int widthPixels, const QString &path)
             return candidate;
     }
     return ellipsis + path.mid(lastSeparator);
-}
-
-// Fitted paths by font, width and path. Measuring shapes the text, which costs more than the
-// rest of a row's creation; rows and layouts ask again for the same paths.
-struct FitKey
-{
-    QString font;
-    int width;
-    QString path;
-    bool operator==(const FitKey &other) const
-    {
-        return width == other.width && path == other.path && font == other.font;
-    }
-};
-
-size_t qHash(const FitKey &key, size_t seed = 0)
-{
-    return qHashMulti(seed, key.font, key.width, key.path);
-}
-} // namespace
-
-QString FitPath(const QFont &font, int widthPixels, const QString &path)
-{
-    constexpr qsizetype Kept = 1024;
-    static QHash<FitKey, QString> fitted;
-    const FitKey key { font.key(), widthPixels, path };
-    auto found = fitted.constFind(key);
-    if (found != fitted.constEnd())
-        return *found;
-    if (fitted.size() >= Kept)
-        fitted.clear();
-    return *fitted.insert(key, fitPath(font, widthPixels, path));
 }
 
 QString FitPath(const TextBox *box, const QString &path)
