@@ -162,6 +162,7 @@ private:
     bool IsNearView(const Control *label) const;
     void stackRow(Field *field, const Control *nextRow);
     void ChainRows();
+    qsizetype RowIndex(Field *field) const;
     void CleanDefString(QString &DefString);
 
     PictureBox *picOuter = nullptr;

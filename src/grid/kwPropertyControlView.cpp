@@ -152,13 +152,34 @@ void kwPropertyControl::ChainRows()
     }
 }
 
+// A row's place in canvas order: found by halving while the rows are in order of their tops.
+qsizetype kwPropertyControl::RowIndex(Field *field) const
+{
+    if (!m_RowOrderSorted)
+        return m_RowOrder.indexOf(field);
+    const float top = field->FieldNameControl()->Top();
+    const auto found = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(),
+        [top](Field *f) {
+            const TextBox *label = f->FieldNameControl();
+            return !label || label->Top() < top;
+        });
+    for (auto it = found; it != m_RowOrder.cend(); ++it) {
+        if (*it == field)
+            return it - m_RowOrder.cbegin();
+        const TextBox *label = (*it)->FieldNameControl();
+        if (label && label->Top() > top)
+            break;
+    }
+    return m_RowOrder.indexOf(field);
+}
+
 // Tab, Shift+Tab, Up and Down from a row: the row the focus goes to is realized first.
 bool kwPropertyControl::focusNextPrevChild(bool next)
 {
     for (Field *field : std::as_const(m_RowsShown)) {
         if (!rowHasFocus(field))
             continue;
-        const qsizetype at = m_RowOrder.indexOf(field);
+        const qsizetype at = RowIndex(field);
         const qsizetype neighbour = at + (next ? 1 : -1);
         if (at >= 0 && neighbour >= 0 && neighbour < m_RowOrder.size()) {
             Field *row = m_RowOrder.at(neighbour);
