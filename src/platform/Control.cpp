@@ -168,8 +168,10 @@ Control::~Control()
         child->m_surface = nullptr;
     if (!m_widget)
         return;
+    // A control being destroyed hears nothing more from its widget, not even the focus leaving.
+    m_widget->removeEventFilter(this);
+    disconnect(m_widget, nullptr, this, nullptr);
     if (m_ownWidget) {
-        m_widget->removeEventFilter(this);
         m_widget->setProperty(wrapperProperty, QVariant());
         if (!m_widget->parent())
             delete m_widget;
