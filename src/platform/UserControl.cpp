@@ -6,8 +6,6 @@
 #include "platform/PropertyBag.h"
 
 #include <QApplication>
-#include <QMouseEvent>
-#include <QPainter>
 
 namespace kwFieldDeck {
 
@@ -70,7 +68,12 @@ Control *ControlCollection::Item(const QString &name) const
 UserControl::UserControl(QWidget *parent)
     : QWidget(parent)
 {
-    applySurfaceColors();
+    // The host surface shows the button face behind its children.
+    QPalette palette = this->palette();
+    palette.setColor(
+        QPalette::Window, toQColor(SystemColor::ButtonFace, QApplication::palette(this)));
+    setPalette(palette);
+    setAutoFillBackground(true);
 }
 
 UserControl::~UserControl() = default;
@@ -92,34 +95,6 @@ float UserControl::extenderHeight() const
 }
 
 float UserControl::ScaleWidth() const { return float(width() * twipsPerPixelX()); }
-float UserControl::ScaleHeight() const { return float(height() * twipsPerPixelY()); }
-
-void UserControl::setSurfaceBackColor(OleColor color)
-{
-    m_backColor = color;
-    applySurfaceColors();
-}
-
-void UserControl::setSurfaceBackStyle(int style)
-{
-    m_backStyle = style;
-    applySurfaceColors();
-}
-
-void UserControl::setSurfaceBorderStyle(int style)
-{
-    m_borderStyle = style;
-    update();
-}
-
-void UserControl::applySurfaceColors()
-{
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, toQColor(m_backColor, QApplication::palette(this)));
-    setPalette(palette);
-    // Back style 0 is transparent: the container shows through.
-    setAutoFillBackground(m_backStyle != 0);
-}
 
 bool UserControl::ambientUserMode() const
 {
@@ -172,19 +147,7 @@ void UserControl::resizeEvent(QResizeEvent *event)
 void UserControl::paintEvent(QPaintEvent *event)
 {
     QWidget::paintEvent(event);
-    if (m_borderStyle == 1) {
-        QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Dark));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
     UserControl_Paint();
-}
-
-void UserControl::mouseReleaseEvent(QMouseEvent *event)
-{
-    QWidget::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        UserControl_Click();
 }
 
 } // namespace kwFieldDeck

@@ -41,9 +41,10 @@ private:
     QHash<CaselessKey, Control *> m_byName;
 };
 
-// The base of the library's composite controls: a host surface (this widget) with child
-// controls, the extender that its container sees, the property-bag hooks, the property-changed
-// notification and the ambient properties of its host.
+// The base of a user control with a window of its own, as the grid is: a host surface (this
+// widget) with child controls, the extender that its container sees, the property-bag hooks, the
+// property-changed notification and the ambient properties of its host. The editors, which a
+// grid has thousands of, are user controls without windows (WindowlessUserControl).
 class UserControl : public QWidget
 {
     Q_OBJECT
@@ -56,17 +57,9 @@ public:
     // The outer size as the container sees it, in twips.
     float extenderWidth() const;
     float extenderHeight() const;
-    // The host surface's own inner size, in twips.
+    // The host surface's own inner width, in twips.
     float ScaleWidth() const;
-    float ScaleHeight() const;
 
-    // Host surface appearance.
-    OleColor surfaceBackColor() const { return m_backColor; }
-    void setSurfaceBackColor(OleColor color);
-    int surfaceBackStyle() const { return m_backStyle; }
-    void setSurfaceBackStyle(int style);
-    int surfaceBorderStyle() const { return m_borderStyle; }
-    void setSurfaceBorderStyle(int style);
     // The coordinate unit of the host surface; 1 is twips, the only unit geometry is kept in.
     int surfaceScaleMode() const { return m_scaleMode; }
     void setSurfaceScaleMode(int mode) { m_scaleMode = mode; }
@@ -96,7 +89,6 @@ protected:
     virtual void UserControl_WriteProperties(PropertyBag &) const {}
     virtual void UserControl_Resize() {}
     virtual void UserControl_Paint() {}
-    virtual void UserControl_Click() {}
 
     // The paint handler also runs when this child, which covers the surface, is painted: the
     // surface hears of every expose and update of its area, covered or not. It runs once the
@@ -106,16 +98,10 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    void applySurfaceColors();
-
     QObject m_controlsOwner;
     ControlCollection m_controls { &m_controlsOwner };
-    OleColor m_backColor = SystemColor::ButtonFace;
-    int m_backStyle = 1;
-    int m_borderStyle = 0;
     int m_scaleMode = 1;
     int m_userMode = -1; // -1: ask the container
     bool m_paintPending = false;
