@@ -80,7 +80,11 @@ FormOptions FormOptions::parse(const QStringList &arguments)
         QStringLiteral("FILE.png"));
     const QCommandLineOption dark(
         QStringLiteral("dark"), QStringLiteral("Uses the Fusion style with a dark palette."));
-    parser.addOptions({ store, set, title, screenshot, dark });
+    const QCommandLineOption json(QStringLiteral("json"),
+        QStringLiteral("Prints the values as one JSON object in the order of the grid, each in "
+                       "its type: numbers as numbers, a check box as 0 or 1, a date as "
+                       "YYYY-MM-DD, a memo with its line breaks."));
+    parser.addOptions({ store, set, title, screenshot, dark, json });
     parser.addPositionalArgument(
         QStringLiteral("definition-file"), QStringLiteral("The definition file to show."));
 
@@ -128,6 +132,7 @@ FormOptions FormOptions::parse(const QStringList &arguments)
     options.title = parser.value(title);
     options.screenshotFile = parser.value(screenshot);
     options.dark = parser.isSet(dark);
+    options.json = parser.isSet(json);
     return options;
 }
 

@@ -24,6 +24,8 @@ struct FormOptions
     QString title;
     QString screenshotFile;
     bool dark = false;
+    // Print the values as one JSON object instead of Name=Value lines.
+    bool json = false;
 
     // Reads the arguments (the program name first, as in QCoreApplication::arguments()).
     static FormOptions parse(const QStringList &arguments);

@@ -127,6 +127,8 @@ int main(int argc, char *argv[])
 
     if (options.useStore)
         grid.SaveValuesToRegistry(options.storeApp, options.storeSection, options.storeSetting);
-    printTo(stdout, valueLines(*grid.Fields()).join(QLatin1Char('\n')));
+    printTo(stdout,
+        options.json ? QString::fromUtf8(valuesAsJson(*grid.Fields()))
+                     : valueLines(*grid.Fields()).join(QLatin1Char('\n')));
     return ExitOk;
 }

@@ -3,6 +3,8 @@
 #include "TestSupport.h"
 
 #include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -47,7 +49,7 @@ private slots:
         const Run help = run({ "--help" });
         QCOMPARE(help.exitCode, 0);
         for (const char *text : { "--store <APP SECTION SETTING>", "--set <NAME=VALUE>",
-                 "--title <TEXT>", "--screenshot <FILE.png>", "%CRLF%", "Exit status" })
+                 "--title <TEXT>", "--screenshot <FILE.png>", "--json", "%CRLF%", "Exit status" })
             QVERIFY2(help.out.contains(QLatin1String(text)), text);
         const Run version = run({ "--version" });
         QCOMPARE(version.exitCode, 0);
@@ -62,6 +64,41 @@ private slots:
         QCOMPARE(lines(result.out), QStringList({ "Name=Ada", "Notes=first", "Size=12" }));
         const QImage image(png);
         QVERIFY(image.width() > 300 && image.height() > 3 * 20);
+    }
+
+    // Each value in its type, in the grid's order; a memo keeps its line break as a real one.
+    void jsonPrintsEveryValueInItsType()
+    {
+        const QByteArray types = "Property Control Definition File\n"
+                                 "ADDFIELD Name\nTYPE=TEXT\nVALUE=Ada \"A\"\nENDFIELD\n"
+                                 "ADDFIELD Size\nTYPE=NUMERIC\nVALUE=12.5\nENDFIELD\n"
+                                 "ADDFIELD On\nTYPE=CHECKBOX\nVALUE=TRUE\nENDFIELD\n"
+                                 "ADDFIELD Off\nTYPE=CHECKBOX\nENDFIELD\n"
+                                 "ADDFIELD Day\nTYPE=DATE\nVALUE=2024-06-01\nENDFIELD\n"
+                                 "ADDFIELD Level\nTYPE=SLIDER\nMIN=0\nMAX=11\nVALUE=5\nENDFIELD\n"
+                                 "ADDFIELD Notes\nTYPE=MEMO\nENDFIELD\n";
+        QVERIFY(!write("types.kwdef", crLf(types)).isEmpty());
+        const Run result = run({ "--json", "--set", "Notes=one%CRLF%two", "--screenshot",
+            m_folder.filePath("types.png"), "types.kwdef" });
+        QCOMPARE(result.exitCode, 0);
+        QJsonParseError error;
+        const QJsonDocument json = QJsonDocument::fromJson(result.out.toUtf8(), &error);
+        QVERIFY2(error.error == QJsonParseError::NoError, qPrintable(result.out));
+        const QJsonObject values = json.object();
+        QCOMPARE(values.value("Name"), QJsonValue("Ada \"A\""));
+        QCOMPARE(values.value("Size"), QJsonValue(12.5));
+        QCOMPARE(values.value("On"), QJsonValue(1));
+        QCOMPARE(values.value("Off"), QJsonValue(0));
+        QCOMPARE(values.value("Day"), QJsonValue("2024-06-01"));
+        QCOMPARE(values.value("Level"), QJsonValue(5));
+        QCOMPARE(values.value("Notes"), QJsonValue("one\ntwo"));
+        // The keys in the grid's order, which a JSON object does not keep by itself.
+        qsizetype at = 0;
+        for (const char *name : { "Name", "Size", "On", "Off", "Day", "Level", "Notes" }) {
+            const qsizetype found = result.out.indexOf(QStringLiteral("\"%1\":").arg(name), at);
+            QVERIFY2(found >= at, name);
+            at = found;
+        }
     }
 
     void presetsAreStoredAndComeBackInTheNextRun()
