@@ -27,7 +27,8 @@ inline QString writeFile(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
 }
 
-struct ShownMessage {
+struct ShownMessage
+{
     QString prompt;
     int style = 0;
     QString title;
@@ -37,11 +38,11 @@ class MessageRecorder
 {
 public:
     explicit MessageRecorder(int answer = MsgBoxResult::OK)
-        : m_previous(setMessageBoxHandler([this, answer](const QString &prompt, int style,
-                                                         const QString &title) {
-            messages.append({ prompt, style, title });
-            return answer;
-        }))
+        : m_previous(setMessageBoxHandler(
+            [this, answer](const QString &prompt, int style, const QString &title) {
+                messages.append({ prompt, style, title });
+                return answer;
+            }))
     {
     }
     ~MessageRecorder() { setMessageBoxHandler(std::move(m_previous)); }
@@ -62,7 +63,8 @@ private:
     MessageBoxHandler m_previous;
 };
 
-struct ReportedError {
+struct ReportedError
+{
     int number = 0;
     QString description;
     QString source;

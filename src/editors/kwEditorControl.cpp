@@ -27,8 +27,8 @@ const QByteArray &kwEditorControl::source(const char *kind, const char *name) co
     const Key key { m_controlName, { kind, name } };
     auto found = sources.find(key);
     if (found == sources.end())
-        found = sources.insert(key,
-            QByteArray(kind) + " '" + name + "' of User Control '" + m_controlName + '\'');
+        found = sources.insert(
+            key, QByteArray(kind) + " '" + name + "' of User Control '" + m_controlName + '\'');
     return *found;
 }
 

@@ -1,6 +1,5 @@
 #include "fieldmodel/Field.h"
 
-
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
 #include "editors/kwFolderSelectorField.h"

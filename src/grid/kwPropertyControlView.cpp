@@ -158,11 +158,11 @@ qsizetype kwPropertyControl::RowIndex(Field *field) const
     if (!m_RowOrderSorted)
         return m_RowOrder.indexOf(field);
     const float top = field->FieldNameControl()->Top();
-    const auto found = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(),
-        [top](Field *f) {
-            const TextBox *label = f->FieldNameControl();
-            return !label || label->Top() < top;
-        });
+    const auto found
+        = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(), [top](Field *f) {
+              const TextBox *label = f->FieldNameControl();
+              return !label || label->Top() < top;
+          });
     for (auto it = found; it != m_RowOrder.cend(); ++it) {
         if (*it == field)
             return it - m_RowOrder.cbegin();

@@ -12,7 +12,10 @@
 
 namespace kwFieldDeck {
 
-QString libraryTitle() { return QStringLiteral("kwFieldDeck"); }
+QString libraryTitle()
+{
+    return QStringLiteral("kwFieldDeck");
+}
 
 namespace ClassFactory {
 
@@ -26,9 +29,8 @@ QHash<CaselessKey, Creator> &registry()
 template <typename T>
 void registerStandard()
 {
-    registerClass(QLatin1String(T::ClassId), [](const QString &name, QObject *owner) -> Control * {
-        return new T(name, owner);
-    });
+    registerClass(QLatin1String(T::ClassId),
+        [](const QString &name, QObject *owner) -> Control * { return new T(name, owner); });
 }
 
 void registerStandardControls()
@@ -62,7 +64,7 @@ Control *create(const QString &classId, const QString &name, QObject *owner)
     const auto found = registry().constFind({ classId });
     if (found == registry().constEnd())
         raise(ErrCannotCreateObject,
-              QStringLiteral("Invalid class string: '%1' is not registered").arg(classId));
+            QStringLiteral("Invalid class string: '%1' is not registered").arg(classId));
     return (*found)(name, owner);
 }
 

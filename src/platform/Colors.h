@@ -17,7 +17,10 @@ constexpr OleColor Highlight = 0x8000000D;
 constexpr OleColor HighlightText = 0x8000000E;
 } // namespace SystemColor
 
-constexpr bool isSystemColor(OleColor color) { return color & 0x80000000u; }
+constexpr bool isSystemColor(OleColor color)
+{
+    return color & 0x80000000u;
+}
 
 // The palette role that stands in for a system colour index (5 window background -> Base,
 // 8 window text -> Text, 13 highlight -> Highlight, ...), so a dark desktop theme just works.

@@ -26,7 +26,8 @@ class WidgetPool : public QObject
 public:
     static WidgetPool *in(QWidget *container, bool create)
     {
-        auto *pool = static_cast<WidgetPool *>(container->property(poolProperty).value<QObject *>());
+        auto *pool
+            = static_cast<WidgetPool *>(container->property(poolProperty).value<QObject *>());
         if (!pool && create) {
             pool = new WidgetPool;
             pool->setParent(container);
@@ -61,10 +62,22 @@ double logicalDpi(bool horizontal)
 }
 } // namespace
 
-double twipsPerPixelX() { return 1440.0 / logicalDpi(true); }
-double twipsPerPixelY() { return 1440.0 / logicalDpi(false); }
-int twipsToPixelsX(double twips) { return int(std::lround(twips / twipsPerPixelX())); }
-int twipsToPixelsY(double twips) { return int(std::lround(twips / twipsPerPixelY())); }
+double twipsPerPixelX()
+{
+    return 1440.0 / logicalDpi(true);
+}
+double twipsPerPixelY()
+{
+    return 1440.0 / logicalDpi(false);
+}
+int twipsToPixelsX(double twips)
+{
+    return int(std::lround(twips / twipsPerPixelX()));
+}
+int twipsToPixelsY(double twips)
+{
+    return int(std::lround(twips / twipsPerPixelY()));
+}
 
 double textWidthTwips(const QFont &font, const QString &text)
 {

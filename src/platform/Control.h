@@ -25,10 +25,9 @@ double textHeightTwips(const QFont &font, const QString &text);
 
 // Key codes and shift state as the original platform reported them to key handlers.
 namespace KeyCode {
-constexpr int Backspace = 8, Tab = 9, Return = 13, Shift = 16, Control = 17, Alt = 18,
-              Escape = 27, Space = 32, PageUp = 33, PageDown = 34, End = 35, Home = 36,
-              Left = 37, Up = 38, Right = 39, Down = 40, Insert = 45, Delete = 46, F1 = 112,
-              F4 = 115;
+constexpr int Backspace = 8, Tab = 9, Return = 13, Shift = 16, Control = 17, Alt = 18, Escape = 27,
+              Space = 32, PageUp = 33, PageDown = 34, End = 35, Home = 36, Left = 37, Up = 38,
+              Right = 39, Down = 40, Insert = 45, Delete = 46, F1 = 112, F4 = 115;
 } // namespace KeyCode
 namespace ShiftState {
 constexpr int Shift = 1, Ctrl = 2, Alt = 4;
@@ -77,7 +76,7 @@ public:
     void setWidth(float width);
     void setHeight(float height);
     void Move(float left, float top, std::optional<float> width = std::nullopt,
-              std::optional<float> height = std::nullopt);
+        std::optional<float> height = std::nullopt);
 
     bool Visible() const { return m_visible; }
     void setVisible(bool visible);
@@ -152,11 +151,11 @@ protected:
     virtual const void *widgetKind() const { return metaObject(); }
     // Puts the kind's own state into a widget just realized and connects to it; the shared state
     // (geometry, colours, font, ...) is in it already.
-    virtual void attach(QWidget *) {}
+    virtual void attach(QWidget *) { }
     // The widget is about to be released; connections from it are undone afterwards.
-    virtual void detach(QWidget *) {}
+    virtual void detach(QWidget *) { }
     // The size changed, in pixels: controls that lay out children do it here.
-    virtual void resized() {}
+    virtual void resized() { }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     // Puts the colours on the widget; controls whose colours live elsewhere override it.

@@ -46,7 +46,10 @@ void DatePicker::attach(QWidget *widget)
     connect(edit, &QDateEdit::dateChanged, this, &DatePicker::changeDate);
 }
 
-QDateEdit *DatePicker::dateEdit() const { return static_cast<QDateEdit *>(widget()); }
+QDateEdit *DatePicker::dateEdit() const
+{
+    return static_cast<QDateEdit *>(widget());
+}
 
 void DatePicker::changeDate(const QDate &date)
 {
@@ -54,7 +57,10 @@ void DatePicker::changeDate(const QDate &date)
     emit Change();
 }
 
-QVariant DatePicker::Value() const { return m_date; }
+QVariant DatePicker::Value() const
+{
+    return m_date;
+}
 
 void DatePicker::setValue(const QDate &date)
 {
@@ -66,7 +72,10 @@ void DatePicker::setValue(const QDate &date)
         changeDate(date);
 }
 
-QDate DatePicker::MinDate() const { return m_minDate; }
+QDate DatePicker::MinDate() const
+{
+    return m_minDate;
+}
 
 void DatePicker::setMinDate(const QDate &date)
 {
@@ -79,7 +88,10 @@ void DatePicker::setMinDate(const QDate &date)
         changeDate(date);
 }
 
-QDate DatePicker::MaxDate() const { return m_maxDate; }
+QDate DatePicker::MaxDate() const
+{
+    return m_maxDate;
+}
 
 void DatePicker::setMaxDate(const QDate &date)
 {

@@ -63,7 +63,8 @@ ErrorReportHandler setErrorReportHandler(ErrorReportHandler handler)
 
 void reportError(int number, const QString &description, const QString &source)
 {
-    qCWarning(lcErrors).noquote() << QStringLiteral("Error %1 (%2) in %3").arg(number).arg(description, source);
+    qCWarning(lcErrors).noquote()
+        << QStringLiteral("Error %1 (%2) in %3").arg(number).arg(description, source);
     if (const ErrorReportHandler &handler = installedHandler())
         handler(number, description, source);
 }

@@ -53,8 +53,8 @@ T *require(T *object)
     return object;
 }
 
-using ErrorReportHandler =
-    std::function<void(int number, const QString &description, const QString &source)>;
+using ErrorReportHandler
+    = std::function<void(int number, const QString &description, const QString &source)>;
 
 // Installs the handler that every error report reaches after it is logged; returns the previous
 // one. An empty handler restores the default (log only).

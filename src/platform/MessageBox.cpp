@@ -30,8 +30,8 @@ QMessageBox::Icon iconOf(int style)
 
 int showMessageBox(const QString &prompt, int style, const QString &title)
 {
-    QMessageBox box(iconOf(style),
-                    title.isEmpty() ? QCoreApplication::applicationName() : title, prompt);
+    QMessageBox box(
+        iconOf(style), title.isEmpty() ? QCoreApplication::applicationName() : title, prompt);
     switch (style & 0x0F) {
     case MsgBoxStyle::OKCancel:
         box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);

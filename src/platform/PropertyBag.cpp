@@ -16,8 +16,8 @@ QVariant MemoryPropertyBag::ReadProperty(const QString &name, const QVariant &de
     return m_values.value(name, defaultValue);
 }
 
-void MemoryPropertyBag::WriteProperty(const QString &name, const QVariant &value,
-                                      const QVariant &defaultValue)
+void MemoryPropertyBag::WriteProperty(
+    const QString &name, const QVariant &value, const QVariant &defaultValue)
 {
     if (equalsDefault(value, defaultValue)) {
         if (m_values.remove(name))
@@ -59,8 +59,8 @@ QVariant SettingsPropertyBag::ReadProperty(const QString &name, const QVariant &
     return stored;
 }
 
-void SettingsPropertyBag::WriteProperty(const QString &name, const QVariant &value,
-                                        const QVariant &defaultValue)
+void SettingsPropertyBag::WriteProperty(
+    const QString &name, const QVariant &value, const QVariant &defaultValue)
 {
     if (equalsDefault(value, defaultValue))
         m_settings.remove(key(name));

@@ -16,8 +16,9 @@ class PropertyBag
 public:
     virtual ~PropertyBag() = default;
     virtual QVariant ReadProperty(const QString &name, const QVariant &defaultValue = {}) const = 0;
-    virtual void WriteProperty(const QString &name, const QVariant &value,
-                               const QVariant &defaultValue = {}) = 0;
+    virtual void WriteProperty(
+        const QString &name, const QVariant &value, const QVariant &defaultValue = {})
+        = 0;
 };
 
 // An in-memory bag, for hosts that keep properties themselves and for tests.
@@ -25,8 +26,8 @@ class MemoryPropertyBag : public PropertyBag
 {
 public:
     QVariant ReadProperty(const QString &name, const QVariant &defaultValue = {}) const override;
-    void WriteProperty(const QString &name, const QVariant &value,
-                       const QVariant &defaultValue = {}) override;
+    void WriteProperty(
+        const QString &name, const QVariant &value, const QVariant &defaultValue = {}) override;
 
     bool contains(const QString &name) const { return m_values.contains(name); }
     QStringList names() const { return m_order; }
@@ -44,8 +45,8 @@ public:
     SettingsPropertyBag(QSettings &settings, const QString &group);
 
     QVariant ReadProperty(const QString &name, const QVariant &defaultValue = {}) const override;
-    void WriteProperty(const QString &name, const QVariant &value,
-                       const QVariant &defaultValue = {}) override;
+    void WriteProperty(
+        const QString &name, const QVariant &value, const QVariant &defaultValue = {}) override;
 
 private:
     QString key(const QString &name) const;

@@ -9,7 +9,10 @@
 
 namespace kwFieldDeck {
 
-void DoEvents() { QCoreApplication::processEvents(); }
+void DoEvents()
+{
+    QCoreApplication::processEvents();
+}
 
 namespace {
 int qtKeyOf(const QString &name)
@@ -94,6 +97,9 @@ void SendKeys(const QString &keys)
     }
 }
 
-QStringList screenFontFamilies() { return QFontDatabase::families(); }
+QStringList screenFontFamilies()
+{
+    return QFontDatabase::families();
+}
 
 } // namespace kwFieldDeck

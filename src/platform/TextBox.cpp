@@ -1,8 +1,8 @@
 #include "platform/TextBox.h"
 
 #include <QClipboard>
-#include <QHash>
 #include <QGuiApplication>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -140,7 +140,10 @@ TextBox::TextBox(const QString &name, QObject *owner)
 {
 }
 
-QWidget *TextBox::createWidget() { return new TextBoxEdit; }
+QWidget *TextBox::createWidget()
+{
+    return new TextBoxEdit;
+}
 
 void TextBox::attach(QWidget *widget)
 {
@@ -162,7 +165,10 @@ void TextBox::detach(QWidget *)
     m_selLength = SelLength();
 }
 
-QLineEdit *TextBox::lineEdit() const { return static_cast<QLineEdit *>(widget()); }
+QLineEdit *TextBox::lineEdit() const
+{
+    return static_cast<QLineEdit *>(widget());
+}
 
 void TextBox::changeText(const QString &text)
 {
@@ -170,7 +176,10 @@ void TextBox::changeText(const QString &text)
     emit Change();
 }
 
-QString TextBox::Text() const { return m_text; }
+QString TextBox::Text() const
+{
+    return m_text;
+}
 
 void TextBox::setText(const QString &text)
 {
@@ -184,7 +193,10 @@ void TextBox::setText(const QString &text)
     }
 }
 
-bool TextBox::Locked() const { return m_locked; }
+bool TextBox::Locked() const
+{
+    return m_locked;
+}
 
 void TextBox::setLocked(bool locked)
 {
@@ -193,7 +205,10 @@ void TextBox::setLocked(bool locked)
         static_cast<QLineEdit *>(widget)->setReadOnly(locked);
 }
 
-int TextBox::MaxLength() const { return m_maxLength; }
+int TextBox::MaxLength() const
+{
+    return m_maxLength;
+}
 
 void TextBox::setMaxLength(int length)
 {
@@ -271,6 +286,9 @@ void TextBox::setSelLength(int length)
         static_cast<QLineEdit *>(widget)->setSelection(start, length);
 }
 
-QString TextBox::SelText() const { return m_text.mid(SelStart(), SelLength()); }
+QString TextBox::SelText() const
+{
+    return m_text.mid(SelStart(), SelLength());
+}
 
 } // namespace kwFieldDeck

@@ -17,8 +17,14 @@ bool &defaultUserMode()
 }
 } // namespace
 
-void setDefaultAmbientUserMode(bool userMode) { defaultUserMode() = userMode; }
-bool defaultAmbientUserMode() { return defaultUserMode(); }
+void setDefaultAmbientUserMode(bool userMode)
+{
+    defaultUserMode() = userMode;
+}
+bool defaultAmbientUserMode()
+{
+    return defaultUserMode();
+}
 
 namespace {
 // A user control's few children are found by looking through them; the grid's many by name.
@@ -78,7 +84,10 @@ UserControl::UserControl(QWidget *parent)
 
 UserControl::~UserControl() = default;
 
-Control *UserControl::extender() const { return Control::of(this); }
+Control *UserControl::extender() const
+{
+    return Control::of(this);
+}
 
 float UserControl::extenderWidth() const
 {
@@ -94,7 +103,10 @@ float UserControl::extenderHeight() const
     return float(height() * twipsPerPixelY());
 }
 
-float UserControl::ScaleWidth() const { return float(width() * twipsPerPixelX()); }
+float UserControl::ScaleWidth() const
+{
+    return float(width() * twipsPerPixelX());
+}
 
 bool UserControl::ambientUserMode() const
 {
@@ -107,16 +119,28 @@ bool UserControl::ambientUserMode() const
     return defaultAmbientUserMode();
 }
 
-void UserControl::setAmbientUserMode(bool userMode) { m_userMode = userMode ? 1 : 0; }
+void UserControl::setAmbientUserMode(bool userMode)
+{
+    m_userMode = userMode ? 1 : 0;
+}
 
 QFont UserControl::ambientFont() const
 {
     return parentWidget() ? parentWidget()->font() : QApplication::font();
 }
 
-void UserControl::initNew() { UserControl_InitProperties(); }
-void UserControl::readProperties(PropertyBag &bag) { UserControl_ReadProperties(bag); }
-void UserControl::writeProperties(PropertyBag &bag) const { UserControl_WriteProperties(bag); }
+void UserControl::initNew()
+{
+    UserControl_InitProperties();
+}
+void UserControl::readProperties(PropertyBag &bag)
+{
+    UserControl_ReadProperties(bag);
+}
+void UserControl::writeProperties(PropertyBag &bag) const
+{
+    UserControl_WriteProperties(bag);
+}
 
 void UserControl::paintThrough(QWidget *child)
 {

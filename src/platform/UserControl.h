@@ -84,11 +84,11 @@ signals:
 protected:
     void propertyChanged(const QString &name) { emit PropertyChanged(name); }
 
-    virtual void UserControl_InitProperties() {}
-    virtual void UserControl_ReadProperties(PropertyBag &) {}
-    virtual void UserControl_WriteProperties(PropertyBag &) const {}
-    virtual void UserControl_Resize() {}
-    virtual void UserControl_Paint() {}
+    virtual void UserControl_InitProperties() { }
+    virtual void UserControl_ReadProperties(PropertyBag &) { }
+    virtual void UserControl_WriteProperties(PropertyBag &) const { }
+    virtual void UserControl_Resize() { }
+    virtual void UserControl_Paint() { }
 
     // The paint handler also runs when this child, which covers the surface, is painted: the
     // surface hears of every expose and update of its area, covered or not. It runs once the

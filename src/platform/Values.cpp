@@ -48,7 +48,7 @@ ValueKind kindOf(const QVariant &value)
         return ValueKind::Object;
     default:
         return value.metaType().flags().testFlag(QMetaType::PointerToQObject) ? ValueKind::Object
-                                                                             : ValueKind::Other;
+                                                                              : ValueKind::Other;
     }
 }
 
@@ -104,17 +104,15 @@ QDateTime parseDateText(const QString &raw)
     const QString text = raw.trimmed();
     // Every form below has digits and a separator; a text without them is no date, and is told
     // so without the dozens of parses (each asking the system for its time zone) that follow.
-    const auto isSeparator = [](QChar c) {
-        return c == u'-' || c == u'/' || c == u'.' || c == u' ';
-    };
+    const auto isSeparator
+        = [](QChar c) { return c == u'-' || c == u'/' || c == u'.' || c == u' '; };
     if (std::none_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); })
         || std::none_of(text.begin(), text.end(), isSeparator))
         return {};
     static const char *const dateForms[] = { "yyyy-MM-dd", "yyyy/M/d", "M/d/yyyy", "d.M.yyyy",
-                                             "d MMMM yyyy", "d MMM yyyy", "MMMM d, yyyy",
-                                             "MMM d, yyyy", "M/d/yy" };
-    static const char *const timeForms[] = { "", " hh:mm:ss", " h:mm:ss", " hh:mm", " h:mm",
-                                             "Thh:mm:ss", "Thh:mm:ss.zzz" };
+        "d MMMM yyyy", "d MMM yyyy", "MMMM d, yyyy", "MMM d, yyyy", "M/d/yy" };
+    static const char *const timeForms[]
+        = { "", " hh:mm:ss", " h:mm:ss", " hh:mm", " h:mm", "Thh:mm:ss", "Thh:mm:ss.zzz" };
     const QLocale c = QLocale::c();
     for (const char *date : dateForms) {
         for (const char *time : timeForms) {
@@ -166,11 +164,11 @@ QString textOf(const QVariant &value)
         return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
     case ValueKind::Date: {
         // ISO form, so that stored values read back the same whatever the user's locale.
-        const QDateTime moment = value.typeId() == QMetaType::QDate
-            ? value.toDate().startOfDay()
-            : value.toDateTime();
-        return moment.time() == QTime(0, 0) ? moment.date().toString(Qt::ISODate)
-                                            : moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+        const QDateTime moment
+            = value.typeId() == QMetaType::QDate ? value.toDate().startOfDay() : value.toDateTime();
+        return moment.time() == QTime(0, 0)
+            ? moment.date().toString(Qt::ISODate)
+            : moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     }
     case ValueKind::Object:
     case ValueKind::Other:
@@ -205,8 +203,8 @@ double toDouble(const QVariant &value)
         break;
     }
     case ValueKind::Date:
-        return dateSerial(value.typeId() == QMetaType::QDate ? value.toDate().startOfDay()
-                                                             : value.toDateTime());
+        return dateSerial(
+            value.typeId() == QMetaType::QDate ? value.toDate().startOfDay() : value.toDateTime());
     case ValueKind::Object:
     case ValueKind::Other:
         break;
@@ -228,10 +226,22 @@ Int roundTo(double value)
 }
 } // namespace
 
-qint16 roundToInt16(double value) { return roundTo<qint16>(value); }
-qint32 roundToInt32(double value) { return roundTo<qint32>(value); }
-qint16 toInt16(const QVariant &value) { return roundToInt16(toDouble(value)); }
-qint32 toInt32(const QVariant &value) { return roundToInt32(toDouble(value)); }
+qint16 roundToInt16(double value)
+{
+    return roundTo<qint16>(value);
+}
+qint32 roundToInt32(double value)
+{
+    return roundTo<qint32>(value);
+}
+qint16 toInt16(const QVariant &value)
+{
+    return roundToInt16(toDouble(value));
+}
+qint32 toInt32(const QVariant &value)
+{
+    return roundToInt32(toDouble(value));
+}
 
 bool toBool(const QVariant &value)
 {

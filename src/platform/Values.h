@@ -12,11 +12,26 @@ enum class ValueKind { Empty, Text, Int16, Int32, Single, Double, Boolean, Date,
 
 ValueKind kindOf(const QVariant &value);
 
-inline QVariant int16Value(qint16 v) { return QVariant::fromValue<qint16>(v); }
-inline QVariant int32Value(qint32 v) { return QVariant::fromValue<qint32>(v); }
-inline QVariant singleValue(float v) { return QVariant::fromValue<float>(v); }
-inline QVariant doubleValue(double v) { return QVariant::fromValue<double>(v); }
-inline QVariant textValue(const QString &v) { return QVariant::fromValue<QString>(v); }
+inline QVariant int16Value(qint16 v)
+{
+    return QVariant::fromValue<qint16>(v);
+}
+inline QVariant int32Value(qint32 v)
+{
+    return QVariant::fromValue<qint32>(v);
+}
+inline QVariant singleValue(float v)
+{
+    return QVariant::fromValue<float>(v);
+}
+inline QVariant doubleValue(double v)
+{
+    return QVariant::fromValue<double>(v);
+}
+inline QVariant textValue(const QString &v)
+{
+    return QVariant::fromValue<QString>(v);
+}
 
 // The leading number of a text: the sign, digits and point at its start (after blanks), 0 when
 // the text does not begin with a number. "12abc" -> 12, "3.7xyz" -> 3.7, "abc" -> 0.

@@ -81,7 +81,7 @@ protected:
     }
 
     // The user control's own colours are on the surface.
-    void applyColors() override {}
+    void applyColors() override { }
 
     void resized() override
     {
@@ -127,8 +127,8 @@ WindowlessUserControl::WindowlessUserControl()
     // A new user control has the size of a new window, so that its children have room until
     // the container gives it its own size.
     constexpr int DesignWidth = 640, DesignHeight = 480;
-    m_extender->Move(0, 0, float(DesignWidth * twipsPerPixelX()),
-        float(DesignHeight * twipsPerPixelY()));
+    m_extender->Move(
+        0, 0, float(DesignWidth * twipsPerPixelX()), float(DesignHeight * twipsPerPixelY()));
 }
 
 WindowlessUserControl::~WindowlessUserControl() = default;
@@ -146,8 +146,14 @@ WindowlessUserControl *WindowlessUserControl::of(const Control *extender)
     return surface ? surface->userControl() : nullptr;
 }
 
-float WindowlessUserControl::extenderWidth() const { return m_extender->Width(); }
-float WindowlessUserControl::extenderHeight() const { return m_extender->Height(); }
+float WindowlessUserControl::extenderWidth() const
+{
+    return m_extender->Width();
+}
+float WindowlessUserControl::extenderHeight() const
+{
+    return m_extender->Height();
+}
 
 float WindowlessUserControl::ScaleWidth() const
 {
@@ -170,7 +176,10 @@ void WindowlessUserControl::resizeSurface(float width)
     surfaceResized();
 }
 
-void WindowlessUserControl::surfaceResized() { UserControl_Resize(); }
+void WindowlessUserControl::surfaceResized()
+{
+    UserControl_Resize();
+}
 
 void WindowlessUserControl::setSurfaceBackColor(OleColor color)
 {

@@ -79,14 +79,14 @@ protected:
 
     void propertyChanged(const QString &name) { emit PropertyChanged(name); }
 
-    virtual void UserControl_InitProperties() {}
-    virtual void UserControl_ReadProperties(PropertyBag &) {}
-    virtual void UserControl_WriteProperties(PropertyBag &) const {}
-    virtual void UserControl_Resize() {}
-    virtual void UserControl_Click() {}
+    virtual void UserControl_InitProperties() { }
+    virtual void UserControl_ReadProperties(PropertyBag &) { }
+    virtual void UserControl_WriteProperties(PropertyBag &) const { }
+    virtual void UserControl_Resize() { }
+    virtual void UserControl_Click() { }
     // The host surface itself got the focus, or a key while it holds it.
-    virtual void UserControl_GotFocus() {}
-    virtual void UserControl_KeyPress(QKeyEvent *) {}
+    virtual void UserControl_GotFocus() { }
+    virtual void UserControl_KeyPress(QKeyEvent *) { }
 
 private:
     friend class SurfaceExtender;

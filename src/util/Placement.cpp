@@ -24,8 +24,8 @@ void PlaceChild(
     placeIn(child, host->Width(), host->Height(), centreH, centreV, offsetX, offsetY);
 }
 
-void PlaceChild(Control *child, const WindowlessUserControl *host, bool centreH, bool centreV, float offsetX,
-    float offsetY)
+void PlaceChild(Control *child, const WindowlessUserControl *host, bool centreH, bool centreV,
+    float offsetX, float offsetY)
 {
     require(host);
     placeIn(

@@ -162,8 +162,8 @@ public:
     static QVector<Control *> focusableParts(const Field *field)
     {
         QVector<Control *> parts;
-        if (auto *editor = qobject_cast<kwEditorControl *>(
-                WindowlessUserControl::of(field->EditorControl()))) {
+        if (auto *editor
+            = qobject_cast<kwEditorControl *>(WindowlessUserControl::of(field->EditorControl()))) {
             for (Control *child : editor->Controls()) {
                 if (child->widget()->focusPolicy() & Qt::ClickFocus)
                     parts << child;

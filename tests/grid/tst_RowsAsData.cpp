@@ -48,8 +48,8 @@ private slots:
         QCOMPARE(many.liveWidgets(), few.liveWidgets());
         // Scrolling reuses the widgets of the rows that left the view: anywhere in the grid the
         // rows near the view take as many as in the small grid.
-        const QPair<int, int> positions[] = { { 500, 500 }, { 300, 30000 }, { 0, 0 },
-            { 990, 32000 } };
+        const QPair<int, int> positions[]
+            = { { 500, 500 }, { 300, 30000 }, { 0, 0 }, { 990, 32000 } };
         for (const auto &[inFew, inMany] : positions) {
             few.scrollTo(inFew);
             many.scrollTo(inMany);
