@@ -204,14 +204,9 @@ QWidget *Control::widget() const
     return const_cast<Control *>(this)->realize();
 }
 
-QWidget *Control::containerWidget() const
-{
-    return m_surface ? m_surface->m_widget.data() : m_container.data();
-}
-
 QWidget *Control::Container() const
 {
-    return containerWidget();
+    return m_surface ? m_surface->m_widget.data() : m_container.data();
 }
 
 void Control::setContainer(QWidget *container)
@@ -242,7 +237,7 @@ void Control::setContainer(Control *surface)
     if (surface)
         surface->m_children.append(this);
     if (m_ownWidget && m_widget) {
-        m_widget->setParent(containerWidget());
+        m_widget->setParent(Container());
         placeWidget();
         showWidget();
     }
@@ -253,7 +248,7 @@ void Control::updateWidget()
 {
     if (m_ownWidget)
         return;
-    if (m_visible && m_inView && containerWidget())
+    if (m_visible && m_inView && Container())
         realize();
     else if (!m_visible || !m_inView)
         release();
@@ -266,7 +261,7 @@ QWidget *Control::realize()
     // A part of a user control without a window of its own lives in that control's widget.
     if (m_surface && !m_surface->m_widget)
         m_surface->realize();
-    QWidget *container = containerWidget();
+    QWidget *container = Container();
     if (m_widget) {
         if (container && m_widget->parentWidget() != container) {
             m_widget->setParent(container);

@@ -162,7 +162,6 @@ protected:
     virtual void applyColors();
 
 private:
-    QWidget *containerWidget() const;
     // Realizes or releases the widget as visibility, reach and the container now ask.
     void updateWidget();
     QWidget *realize();

@@ -21,10 +21,6 @@ void setDefaultAmbientUserMode(bool userMode)
 {
     defaultUserMode() = userMode;
 }
-bool defaultAmbientUserMode()
-{
-    return defaultUserMode();
-}
 
 namespace {
 // A user control's few children are found by looking through them; the grid's many by name.
@@ -116,7 +112,7 @@ bool UserControl::ambientUserMode() const
         if (auto *container = qobject_cast<UserControl *>(outer))
             return container->ambientUserMode();
     }
-    return defaultAmbientUserMode();
+    return defaultUserMode();
 }
 
 void UserControl::setAmbientUserMode(bool userMode)

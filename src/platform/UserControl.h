@@ -109,6 +109,5 @@ private:
 
 // The run mode that user controls report when neither they nor a container say otherwise.
 void setDefaultAmbientUserMode(bool userMode);
-bool defaultAmbientUserMode();
 
 } // namespace kwFieldDeck

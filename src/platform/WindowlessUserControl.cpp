@@ -160,11 +160,6 @@ float WindowlessUserControl::ScaleWidth() const
     return float(m_surfaceWidth * twipsPerPixelX());
 }
 
-float WindowlessUserControl::ScaleHeight() const
-{
-    return float(twipsToPixelsY(m_extender->Height()) * twipsPerPixelY());
-}
-
 void WindowlessUserControl::resizeSurface(float width)
 {
     const int pixels = twipsToPixelsX(width);
@@ -197,15 +192,6 @@ void WindowlessUserControl::setSurfaceBorderStyle(int style)
 {
     m_borderStyle = style;
     static_cast<SurfaceExtender *>(m_extender)->applySurface();
-}
-
-bool WindowlessUserControl::ambientUserMode() const
-{
-    for (QWidget *outer = m_extender->Container(); outer; outer = outer->parentWidget()) {
-        if (auto *container = qobject_cast<UserControl *>(outer))
-            return container->ambientUserMode();
-    }
-    return defaultAmbientUserMode();
 }
 
 QFont WindowlessUserControl::ambientFont() const

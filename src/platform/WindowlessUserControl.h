@@ -32,9 +32,8 @@ public:
     // The outer size as the container sees it, in twips.
     float extenderWidth() const;
     float extenderHeight() const;
-    // The host surface's own inner size, in twips, in whole pixels.
+    // The host surface's own inner width, in twips, in whole pixels.
     float ScaleWidth() const;
-    float ScaleHeight() const;
     // Sizes the host surface alone; the extender keeps its size until it is next moved.
     void resizeSurface(float width);
 
@@ -48,8 +47,7 @@ public:
     int surfaceScaleMode() const { return m_scaleMode; }
     void setSurfaceScaleMode(int mode) { m_scaleMode = mode; }
 
-    // Ambient properties: whether the host runs (rather than designs), and the host's font.
-    bool ambientUserMode() const;
+    // The ambient font: the host's.
     QFont ambientFont() const;
     // The window the user control is shown in, for dialogs it owns; null while it has none.
     QWidget *window() const;
