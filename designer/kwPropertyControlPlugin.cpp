@@ -1,6 +1,6 @@
 #include "kwPropertyControlPlugin.h"
 
-#include "grid/kwPropertyControl.h"
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QIcon>
 
@@ -36,7 +36,7 @@ QString kwPropertyControlPlugin::whatsThis() const
 
 QString kwPropertyControlPlugin::includeFile() const
 {
-    return QStringLiteral("grid/kwPropertyControl.h");
+    return QStringLiteral("kwFieldDeck/kwPropertyControl");
 }
 
 QIcon kwPropertyControlPlugin::icon() const
@@ -49,7 +49,6 @@ QWidget *kwPropertyControlPlugin::createWidget(QWidget *parent)
     auto *grid = new kwPropertyControl(parent);
     // Designer designs the form: the host is not in run mode, so no Changed is raised.
     grid->setAmbientUserMode(false);
-    grid->initNew();
     return grid;
 }
 

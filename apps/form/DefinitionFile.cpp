@@ -2,8 +2,8 @@
 
 #include "FormMessages.h"
 
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QDir>
 #include <QFile>

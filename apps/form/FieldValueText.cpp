@@ -1,10 +1,10 @@
 #include "FieldValueText.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "fieldmodel/lFieldTypes.h"
 #include "platform/Error.h"
 #include "platform/Values.h"
+#include <kwFieldDeck/Field>
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/lFieldTypes>
 
 #include <QHash>
 #include <QJsonArray>

@@ -1,9 +1,9 @@
 #include "FormWindow.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
 #include "platform/Control.h"
+#include <kwFieldDeck/Field>
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -29,7 +29,6 @@ FormWindow::FormWindow(QWidget *parent)
     , m_description(new QLabel(this))
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
-    m_grid->initNew();
     m_grid->setDescriptionLabel(m_description);
 
     m_description->setWordWrap(true);

@@ -7,8 +7,8 @@
 #include "FormOptions.h"
 #include "FormWindow.h"
 
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QApplication>
 #include <QFileInfo>

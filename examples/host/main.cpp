@@ -2,11 +2,10 @@
 // label that shows the current row's description, and each edit printed as it happens.
 // With --screenshot FILE.png the window is rendered to the file and the program exits.
 
-#include "fieldmodel/DropDownValues.h"
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
-#include "platform/Values.h"
+#include <kwFieldDeck/DropDownValues>
+#include <kwFieldDeck/Field>
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -86,7 +85,7 @@ int main(int argc, char *argv[])
     addSampleFields(*grid);
     QTextStream out(stdout);
     QObject::connect(grid, &kwPropertyControl::Changed, [&out](Field *field) {
-        out << field->Name() << " = " << textOf(field->Value()) << Qt::endl;
+        out << field->Name() << " = " << field->Value().toString() << Qt::endl;
     });
 
     window.show();

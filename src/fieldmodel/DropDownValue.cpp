@@ -1,10 +1,40 @@
-#include "fieldmodel/DropDownValue.h"
+#include <kwFieldDeck/DropDownValue.h>
 
 namespace kwFieldDeck {
 
+class DropDownValuePrivate
+{
+public:
+    QString Key;
+    QString DisplayValue;
+};
+
 DropDownValue::DropDownValue(QObject *parent)
     : QObject(parent)
+    , d_ptr(std::make_unique<DropDownValuePrivate>())
 {
+}
+
+DropDownValue::~DropDownValue() = default;
+
+QString DropDownValue::Key() const
+{
+    return d_func()->Key;
+}
+
+void DropDownValue::setKey(const QString &key)
+{
+    d_func()->Key = key;
+}
+
+QString DropDownValue::DisplayValue() const
+{
+    return d_func()->DisplayValue;
+}
+
+void DropDownValue::setDisplayValue(const QString &value)
+{
+    d_func()->DisplayValue = value;
 }
 
 } // namespace kwFieldDeck

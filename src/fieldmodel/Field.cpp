@@ -1,4 +1,4 @@
-#include "fieldmodel/Field.h"
+#include "fieldmodel/Field_p.h"
 
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
@@ -6,15 +6,17 @@
 #include "editors/kwMemoField.h"
 #include "editors/kwSimpleCheck.h"
 #include "editors/kwSliderValue.h"
-#include "fieldmodel/DropDownValues.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include "fieldmodel/DropDownValues_p.h"
+#include "fieldmodel/FieldHost.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
 #include "platform/TextBox.h"
 #include "platform/Values.h"
+
+#include <QScopeGuard>
 
 namespace kwFieldDeck {
 
@@ -28,7 +30,7 @@ bool hasEditorType(qint32 type)
 // Text boxes and the date picker are platform controls, the other editors the library's own;
 // both kinds take the shared properties by the same names.
 template <typename Apply>
-void Field::applyToEditor(Apply &&apply) const
+void FieldPrivate::applyToEditor(Apply &&apply) const
 {
     if (!hasEditorType(m_FieldType))
         return;
@@ -41,29 +43,157 @@ void Field::applyToEditor(Apply &&apply) const
 
 Field::Field(QObject *parent)
     : QObject(parent)
-    , m_Min(int16Value(0))
-    , m_Max(int16Value(100))
+    , d_ptr(std::make_unique<FieldPrivate>(this))
 {
-}
-
-kwFieldDeck::DropDownValues *Field::DropDownValues() const
-{
-    if (!m_DropDownValues) {
-        auto *self = const_cast<Field *>(this);
-        m_DropDownValues = new kwFieldDeck::DropDownValues(self);
-        m_DropDownValues->setParentClass(self);
-    }
-    return m_DropDownValues;
 }
 
 Field::~Field() = default;
 
-kwPropertyControl *Field::Grid() const
+// The public accessors: the field's state and its editors are FieldPrivate's.
+QString Field::Name() const
 {
-    return require(require(m_ParentClass)->ParentClass());
+    return d_func()->m_Name;
+}
+void Field::setName(const QString &name)
+{
+    d_func()->setName(name);
+}
+QString Field::Description() const
+{
+    return d_func()->m_Description;
+}
+void Field::setDescription(const QString &description)
+{
+    d_func()->setDescription(description);
+}
+qint32 Field::Size() const
+{
+    return d_func()->m_Size;
+}
+void Field::setSize(qint32 size)
+{
+    d_func()->setSize(size);
+}
+lFieldTypes Field::FieldType() const
+{
+    return lFieldTypes(d_func()->m_FieldType);
+}
+void Field::setFieldType(lFieldTypes type)
+{
+    d_func()->setFieldType(type);
+}
+QVariant Field::Value() const
+{
+    return d_func()->Value();
+}
+void Field::setValue(const QVariant &value)
+{
+    d_func()->setValue(value);
+}
+QVariant Field::Min() const
+{
+    return d_func()->m_Min;
+}
+void Field::setMin(const QVariant &min)
+{
+    d_func()->setMin(min);
+}
+QVariant Field::Max() const
+{
+    return d_func()->m_Max;
+}
+void Field::setMax(const QVariant &max)
+{
+    d_func()->setMax(max);
+}
+bool Field::Enabled() const
+{
+    return d_func()->m_Enabled;
+}
+void Field::setEnabled(bool enabled)
+{
+    d_func()->setEnabled(enabled);
+}
+bool Field::Visible() const
+{
+    return d_func()->m_Visible;
+}
+void Field::setVisible(bool visible)
+{
+    d_func()->setVisible(visible);
+}
+OleColor Field::ForeColor() const
+{
+    return d_func()->m_ForeColor;
+}
+void Field::setForeColor(OleColor color)
+{
+    d_func()->setForeColor(color);
+}
+OleColor Field::BackColor() const
+{
+    return d_func()->m_BackColor;
+}
+void Field::setBackColor(OleColor color)
+{
+    d_func()->setBackColor(color);
+}
+QString Field::InitDir() const
+{
+    return d_func()->InitDir();
+}
+void Field::setInitDir(const QString &dir)
+{
+    d_func()->setInitDir(dir);
+}
+QString Field::Title() const
+{
+    return d_func()->Title();
+}
+void Field::setTitle(const QString &title)
+{
+    d_func()->setTitle(title);
+}
+QString Field::Filter() const
+{
+    return d_func()->Filter();
+}
+void Field::setFilter(const QString &filter)
+{
+    d_func()->setFilter(filter);
+}
+kwFieldDeck::DropDownValues *Field::DropDownValues() const
+{
+    return d_func()->DropDownValues();
+}
+void Field::SetFocus()
+{
+    d_func()->SetFocus();
 }
 
-void Field::setName(const QString &name)
+FieldPrivate::FieldPrivate(Field *field)
+    : m_Min(int16Value(0))
+    , m_Max(int16Value(100))
+    , q_ptr(field)
+{
+}
+
+kwFieldDeck::DropDownValues *FieldPrivate::DropDownValues() const
+{
+    if (!m_DropDownValues) {
+        m_DropDownValues = new kwFieldDeck::DropDownValues(q_ptr);
+        DropDownValuesPrivate::get(m_DropDownValues)->m_ParentClass = q_ptr;
+    }
+    return m_DropDownValues;
+}
+
+FieldHost *FieldPrivate::Grid() const
+{
+    return require(
+        require(m_ParentClass) ? FieldsPrivate::get(m_ParentClass)->m_ParentClass : nullptr);
+}
+
+void FieldPrivate::setName(const QString &name)
 {
     trap("Property 'Name' of Class Module 'Field'", [&] {
         m_Name = name;
@@ -75,7 +205,7 @@ void Field::setName(const QString &name)
     });
 }
 
-void Field::setDescription(const QString &description)
+void FieldPrivate::setDescription(const QString &description)
 {
     trap("Property 'Description' of Class Module 'Field'", [&] {
         m_Description = description;
@@ -84,13 +214,13 @@ void Field::setDescription(const QString &description)
     });
 }
 
-void Field::describeEditorForAccessibility() const
+void FieldPrivate::describeEditorForAccessibility() const
 {
     if (Control *editor = EditorControl())
         editor->setAccessibleText(m_Name, m_Description);
 }
 
-void Field::setSize(qint32 size)
+void FieldPrivate::setSize(qint32 size)
 {
     trap("Property 'Size' of Class Module 'Field'", [&] {
         m_Size = size;
@@ -99,7 +229,7 @@ void Field::setSize(qint32 size)
     });
 }
 
-void Field::setFieldType(qint32 type)
+void FieldPrivate::setFieldType(qint32 type)
 {
     trap("Property 'FieldType' of Class Module 'Field'", [&] {
         // A warning only: the type still changes below. Intended.
@@ -110,7 +240,7 @@ void Field::setFieldType(qint32 type)
         if (type == m_FieldType)
             return;
         m_FieldType = type;
-        kwPropertyControl *grid = Grid();
+        FieldHost *grid = Grid();
         setFieldNameControl(grid->AddField());
         require(m_FieldNameControl)->setVisible(true);
         m_FieldNameControl->setLeft(0);
@@ -119,35 +249,35 @@ void Field::setFieldType(qint32 type)
     });
 }
 
-void Field::createEditor(kwPropertyControl *grid)
+void FieldPrivate::createEditor(FieldHost *grid)
 {
     switch (m_FieldType) {
     case ftText:
-        setValueTextBox(grid->AddTextBox(this));
+        setValueTextBox(grid->AddTextBox(q_ptr));
         break;
     case ftNumeric:
-        setValueNumeric(grid->AddNumeric(this));
+        setValueNumeric(grid->AddNumeric(q_ptr));
         break;
     case ftCheckBox:
-        setValueCheckBox(grid->AddCheckBox(this));
+        setValueCheckBox(grid->AddCheckBox(q_ptr));
         break;
     case ftCombo:
-        setValueComboBox(grid->AddComboBox(this));
+        setValueComboBox(grid->AddComboBox(q_ptr));
         break;
     case ftDate:
-        setValueDate(grid->AddDatePicker(this));
+        setValueDate(grid->AddDatePicker(q_ptr));
         break;
     case ftSlider:
-        setValueSlider(grid->AddSliderValue(this));
+        setValueSlider(grid->AddSliderValue(q_ptr));
         break;
     case ftFileSelector:
-        setFileSelector(grid->AddFileSelectorField(this));
+        setFileSelector(grid->AddFileSelectorField(q_ptr));
         break;
     case ftFolderSelector:
-        setFolderSelector(grid->AddFolderSelectorField(this));
+        setFolderSelector(grid->AddFolderSelectorField(q_ptr));
         break;
     case ftMemo:
-        setMemo(grid->AddMemoField(this));
+        setMemo(grid->AddMemoField(q_ptr));
         require(m_Memo)->setFieldName(m_Name);
         break;
     default:
@@ -156,7 +286,7 @@ void Field::createEditor(kwPropertyControl *grid)
     }
 }
 
-QVariant Field::Value() const
+QVariant FieldPrivate::Value() const
 {
     return trap("Property 'Value' of Class Module 'Field'", [&]() -> QVariant {
         if (kindOf(m_Value) == ValueKind::Object)
@@ -171,20 +301,24 @@ QVariant Field::Value() const
     });
 }
 
-void Field::setValueObject(QObject *object)
+void FieldPrivate::setValue(const QVariant &value)
 {
-    m_Value = QVariant::fromValue(object);
+    trap("Property 'Value' of Class Module 'Field'", [&] { writeValue(value); });
 }
 
-void Field::setValue(const QVariant &value)
+void FieldPrivate::writeValue(const QVariant &value)
 {
-    trap("Property 'Value' of Class Module 'Field'", [&] {
-        m_Value = value;
-        showValueInEditor();
-    });
+    m_Value = value;
+    QVariantList reported;
+    m_heldChanges = &reported;
+    const auto release = qScopeGuard([this] { m_heldChanges = nullptr; });
+    showValueInEditor();
+    m_heldChanges = nullptr;
+    for (const QVariant &changed : std::as_const(reported))
+        ChangeChain(changed);
 }
 
-void Field::showValueInEditor()
+void FieldPrivate::showValueInEditor()
 {
     switch (m_FieldType) {
     case ftText:
@@ -237,7 +371,7 @@ void Field::showValueInEditor()
     }
 }
 
-void Field::setMin(const QVariant &min)
+void FieldPrivate::setMin(const QVariant &min)
 {
     trap("Property 'Min' of Class Module 'Field'", [&] {
         m_Min = min;
@@ -260,7 +394,7 @@ void Field::setMin(const QVariant &min)
     });
 }
 
-void Field::setMax(const QVariant &max)
+void FieldPrivate::setMax(const QVariant &max)
 {
     trap("Property 'Max' of Class Module 'Field'", [&] {
         m_Max = max;
@@ -279,7 +413,7 @@ void Field::setMax(const QVariant &max)
     });
 }
 
-void Field::setEnabled(bool enabled)
+void FieldPrivate::setEnabled(bool enabled)
 {
     trap("Property 'Enabled' of Class Module 'Field'", [&] {
         if (enabled == m_Enabled)
@@ -290,7 +424,7 @@ void Field::setEnabled(bool enabled)
     });
 }
 
-void Field::setVisible(bool visible)
+void FieldPrivate::setVisible(bool visible)
 {
     trap("Property 'Visible' of Class Module 'Field'", [&] {
         if (visible == m_Visible)
@@ -302,7 +436,7 @@ void Field::setVisible(bool visible)
     });
 }
 
-void Field::setForeColor(OleColor color)
+void FieldPrivate::setForeColor(OleColor color)
 {
     trap("Property 'ForeColor' of Class Module 'Field'", [&] {
         m_ForeColor = color;
@@ -313,7 +447,7 @@ void Field::setForeColor(OleColor color)
     });
 }
 
-void Field::setBackColor(OleColor color)
+void FieldPrivate::setBackColor(OleColor color)
 {
     trap("Property 'BackColor' of Class Module 'Field'", [&] {
         m_BackColor = color;
@@ -323,7 +457,7 @@ void Field::setBackColor(OleColor color)
     });
 }
 
-void Field::setFont(const QFont &font)
+void FieldPrivate::setFont(const QFont &font)
 {
     trap("Property 'Font' of Class Module 'Field'", [&] {
         if (m_FieldNameControl)
@@ -332,7 +466,7 @@ void Field::setFont(const QFont &font)
     });
 }
 
-void Field::SetFocus()
+void FieldPrivate::SetFocus()
 {
     trap("Sub 'SetFocus' of Class Module 'Field'", [&] {
         // A slider field does not take the focus this way: intended.
@@ -347,7 +481,7 @@ void Field::SetFocus()
     });
 }
 
-QString Field::InitDir() const
+QString FieldPrivate::InitDir() const
 {
     return trap("Property 'InitDir' of Class Module 'Field'", [&]() -> QString {
         switch (m_FieldType) {
@@ -361,7 +495,7 @@ QString Field::InitDir() const
     });
 }
 
-void Field::setInitDir(const QString &dir)
+void FieldPrivate::setInitDir(const QString &dir)
 {
     trap("Property 'InitDir' of Class Module 'Field'", [&] {
         switch (m_FieldType) {
@@ -377,7 +511,7 @@ void Field::setInitDir(const QString &dir)
     });
 }
 
-QString Field::Title() const
+QString FieldPrivate::Title() const
 {
     return trap("Property 'Title' of Class Module 'Field'", [&]() -> QString {
         switch (m_FieldType) {
@@ -391,7 +525,7 @@ QString Field::Title() const
     });
 }
 
-void Field::setTitle(const QString &title)
+void FieldPrivate::setTitle(const QString &title)
 {
     trap("Property 'Title' of Class Module 'Field'", [&] {
         switch (m_FieldType) {
@@ -409,19 +543,19 @@ void Field::setTitle(const QString &title)
 
 // Unlike InitDir and Title, Filter does not look at the type: on any field but a file field
 // it fails for want of a file selector. Intended.
-QString Field::Filter() const
+QString FieldPrivate::Filter() const
 {
     return trap("Property 'Filter' of Class Module 'Field'",
         [&] { return require(m_FileSelector)->Filter(); });
 }
 
-void Field::setFilter(const QString &filter)
+void FieldPrivate::setFilter(const QString &filter)
 {
     trap("Property 'Filter' of Class Module 'Field'",
         [&] { require(m_FileSelector)->setFilter(filter); });
 }
 
-QObject *Field::EditField() const
+QObject *FieldPrivate::EditField() const
 {
     return trap("Function 'EditField' of Class Module 'Field'", [&]() -> QObject * {
         // The memo editor is deliberately not handed out.

@@ -2,7 +2,8 @@
 // change chain that keeps the value current and tells the grid, the row-focus routine, the row
 // navigation keys and the numeric key filter.
 
-#include "fieldmodel/Field.h"
+#include "fieldmodel/FieldHost.h"
+#include "fieldmodel/Field_p.h"
 
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
@@ -10,18 +11,16 @@
 #include "editors/kwMemoField.h"
 #include "editors/kwSimpleCheck.h"
 #include "editors/kwSliderValue.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
-#include "platform/PictureBox.h"
 #include "platform/Services.h"
 #include "platform/TextBox.h"
 #include "platform/Values.h"
 
 namespace kwFieldDeck {
 
-QObject *Field::editorObject() const
+QObject *FieldPrivate::editorObject() const
 {
     switch (m_FieldType) {
     case ftText:
@@ -47,7 +46,7 @@ QObject *Field::editorObject() const
     }
 }
 
-Control *Field::EditorControl() const
+Control *FieldPrivate::EditorControl() const
 {
     QObject *editor = editorObject();
     if (auto *own = qobject_cast<WindowlessUserControl *>(editor))
@@ -56,10 +55,10 @@ Control *Field::EditorControl() const
 }
 
 template <typename Editor, typename Setup>
-void Field::replaceEditor(Editor *&reference, Editor *editor, Setup &&connectEvents)
+void FieldPrivate::replaceEditor(Editor *&reference, Editor *editor, Setup &&connectEvents)
 {
     if (reference)
-        disconnect(reference, nullptr, this, nullptr);
+        QObject::disconnect(reference, nullptr, q_ptr, nullptr);
     reference = editor;
     if (editor)
         connectEvents(editor);
@@ -69,138 +68,143 @@ namespace {
 // Connects an event to a handler under the handler's error trap: no failure may pass into the
 // platform's event dispatch.
 template <typename Source, typename Signal, typename... Args>
-void handle(Field *field, Source *sender, Signal signal, const char *source,
-    void (Field::*handler)(Args...))
+void handle(FieldPrivate *field, Source *sender, Signal signal, const char *source,
+    void (FieldPrivate::*handler)(Args...))
 {
-    QObject::connect(sender, signal, field, [field, source, handler](Args... args) {
+    QObject::connect(sender, signal, field->q_func(), [field, source, handler](Args... args) {
         trap(source, [&] { (field->*handler)(std::forward<Args>(args)...); });
     });
 }
 } // namespace
 
-void Field::setFieldNameControl(TextBox *label)
+void FieldPrivate::setFieldNameControl(TextBox *label)
 {
     replaceEditor(m_FieldNameControl, label, [this](TextBox *cell) {
         handle(this, cell, &Control::GotFocus,
             "Sub 'm_FieldNameControl_GotFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
     if (m_ParentClass)
-        m_ParentClass->fieldLabelled();
+        FieldsPrivate::get(m_ParentClass)->fieldLabelled();
 }
 
-void Field::setValueTextBox(TextBox *editor)
+void FieldPrivate::setValueTextBox(TextBox *editor)
 {
     replaceEditor(m_ValueTextBox, editor, [this](TextBox *box) {
         handle(this, box, &TextBox::Change, "Sub 'm_ValueTextBox_Change' of Class Module 'Field'",
-            &Field::m_ValueTextBox_Change);
+            &FieldPrivate::m_ValueTextBox_Change);
         handle(this, box, &Control::GotFocus,
             "Sub 'm_ValueTextBox_GotFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
         handle(this, box, &Control::KeyDown, "Sub 'm_ValueTextBox_KeyDown' of Class Module 'Field'",
-            &Field::m_ValueTextBox_KeyDown);
+            &FieldPrivate::m_ValueTextBox_KeyDown);
     });
 }
 
-void Field::setValueNumeric(TextBox *editor)
+void FieldPrivate::setValueNumeric(TextBox *editor)
 {
     replaceEditor(m_ValueNumeric, editor, [this](TextBox *box) {
         handle(this, box, &TextBox::Change, "Sub 'm_ValueNumeric_Change' of Class Module 'Field'",
-            &Field::m_ValueNumeric_Change);
+            &FieldPrivate::m_ValueNumeric_Change);
         handle(this, box, &Control::GotFocus,
             "Sub 'm_ValueNumeric_GotFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
         handle(this, box, &Control::KeyDown, "Sub 'm_ValueNumeric_KeyDown' of Class Module 'Field'",
-            &Field::m_ValueNumeric_KeyDown);
+            &FieldPrivate::m_ValueNumeric_KeyDown);
         handle(this, box, &Control::KeyPress,
             "Sub 'm_ValueNumeric_KeyPress' of Class Module 'Field'",
-            &Field::m_ValueNumeric_KeyPress);
+            &FieldPrivate::m_ValueNumeric_KeyPress);
     });
 }
 
-void Field::setValueCheckBox(kwSimpleCheck *editor)
+void FieldPrivate::setValueCheckBox(kwSimpleCheck *editor)
 {
     replaceEditor(m_ValueCheckBox, editor, [this](kwSimpleCheck *check) {
         handle(this, check, &kwSimpleCheck::Click,
-            "Sub 'm_ValueCheckBox_Click' of Class Module 'Field'", &Field::m_ValueCheckBox_Click);
+            "Sub 'm_ValueCheckBox_Click' of Class Module 'Field'",
+            &FieldPrivate::m_ValueCheckBox_Click);
         handle(this, check, &kwSimpleCheck::HasFocus,
             "Sub 'm_ValueCheckBox_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
         handle(this, check, &kwSimpleCheck::KeyDown,
             "Sub 'm_ValueCheckBox_KeyDown' of Class Module 'Field'",
-            &Field::m_ValueCheckBox_KeyDown);
+            &FieldPrivate::m_ValueCheckBox_KeyDown);
     });
 }
 
-void Field::setValueComboBox(kwComboField *editor)
+void FieldPrivate::setValueComboBox(kwComboField *editor)
 {
     replaceEditor(m_ValueComboBox, editor, [this](kwComboField *combo) {
         handle(this, combo, &kwComboField::Change,
-            "Sub 'm_ValueComboBox_Change' of Class Module 'Field'", &Field::m_ValueComboBox_Change);
+            "Sub 'm_ValueComboBox_Change' of Class Module 'Field'",
+            &FieldPrivate::m_ValueComboBox_Change);
         handle(this, combo, &kwComboField::HasFocus,
             "Sub 'm_ValueComboBox_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::setValueDate(DatePicker *editor)
+void FieldPrivate::setValueDate(DatePicker *editor)
 {
     replaceEditor(m_ValueDate, editor, [this](DatePicker *picker) {
         handle(this, picker, &DatePicker::Change,
-            "Sub 'm_ValueDate_Change' of Class Module 'Field'", &Field::m_ValueDate_Change);
+            "Sub 'm_ValueDate_Change' of Class Module 'Field'", &FieldPrivate::m_ValueDate_Change);
         handle(this, picker, &Control::GotFocus,
             "Sub 'm_ValueDate_GotFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::setValueSlider(kwSliderValue *editor)
+void FieldPrivate::setValueSlider(kwSliderValue *editor)
 {
     replaceEditor(m_ValueSlider, editor, [this](kwSliderValue *slider) {
         handle(this, slider, &kwSliderValue::Change,
-            "Sub 'm_SliderValue_Change' of Class Module 'Field'", &Field::m_SliderValue_Change);
+            "Sub 'm_SliderValue_Change' of Class Module 'Field'",
+            &FieldPrivate::m_SliderValue_Change);
         handle(this, slider, &kwSliderValue::Scroll,
-            "Sub 'm_SliderValue_Scroll' of Class Module 'Field'", &Field::m_SliderValue_Scroll);
+            "Sub 'm_SliderValue_Scroll' of Class Module 'Field'",
+            &FieldPrivate::m_SliderValue_Scroll);
         handle(this, slider, &kwSliderValue::HasFocus,
             "Sub 'm_SliderValue_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::setFileSelector(kwFileSelectorField *editor)
+void FieldPrivate::setFileSelector(kwFileSelectorField *editor)
 {
     replaceEditor(m_FileSelector, editor, [this](kwFileSelectorField *selector) {
         handle(this, selector, &kwFileSelectorField::Change,
-            "Sub 'm_FileSelector_Change' of Class Module 'Field'", &Field::m_FileSelector_Change);
+            "Sub 'm_FileSelector_Change' of Class Module 'Field'",
+            &FieldPrivate::m_FileSelector_Change);
         handle(this, selector, &kwFileSelectorField::HasFocus,
             "Sub 'm_FileSelector_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::setFolderSelector(kwFolderSelectorField *editor)
+void FieldPrivate::setFolderSelector(kwFolderSelectorField *editor)
 {
     replaceEditor(m_FolderSelector, editor, [this](kwFolderSelectorField *selector) {
         handle(this, selector, &kwFolderSelectorField::Change,
             "Sub 'm_FolderSelector_Change' of Class Module 'Field'",
-            &Field::m_FolderSelector_Change);
+            &FieldPrivate::m_FolderSelector_Change);
         handle(this, selector, &kwFolderSelectorField::HasFocus,
             "Sub 'm_FolderSelector_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::setMemo(kwMemoField *editor)
+void FieldPrivate::setMemo(kwMemoField *editor)
 {
     replaceEditor(m_Memo, editor, [this](kwMemoField *memo) {
         handle(this, memo, &kwMemoField::Change, "Sub 'm_Memo_Change' of Class Module 'Field'",
-            &Field::m_Memo_Change);
+            &FieldPrivate::m_Memo_Change);
         handle(this, memo, &kwMemoField::HasFocus, "Sub 'm_Memo_HasFocus' of Class Module 'Field'",
-            &Field::m_FieldNameControl_GotFocus);
+            &FieldPrivate::m_FieldNameControl_GotFocus);
     });
 }
 
-void Field::Kill()
+void FieldPrivate::Kill()
 {
     trap("Sub 'Kill' of Class Module 'Field'", [&] {
         switch (m_FieldType) {
@@ -237,84 +241,83 @@ void Field::Kill()
     });
 }
 
-void Field::ChangeChain(const QVariant &value)
+void FieldPrivate::ChangeChain(const QVariant &value)
 {
+    if (m_heldChanges) {
+        m_heldChanges->append(value);
+        return;
+    }
     m_Value = value;
-    emit Changed(m_Value);
-    Grid()->RaiseChangedEvent(this);
+    emit q_ptr->Changed(m_Value);
+    Grid()->RaiseChangedEvent(q_ptr);
 }
 
-void Field::m_ValueTextBox_Change()
+void FieldPrivate::m_ValueTextBox_Change()
 {
     ChangeChain(textValue(require(m_ValueTextBox)->Text()));
 }
 
-void Field::m_ValueNumeric_Change()
+void FieldPrivate::m_ValueNumeric_Change()
 {
     ChangeChain(doubleValue(leadingNumber(require(m_ValueNumeric)->Text())));
 }
 
-void Field::m_ValueCheckBox_Click()
+void FieldPrivate::m_ValueCheckBox_Click()
 {
     ChangeChain(int16Value(require(m_ValueCheckBox)->Value()));
 }
 
-void Field::m_ValueComboBox_Change()
+void FieldPrivate::m_ValueComboBox_Change()
 {
     ChangeChain(textValue(require(m_ValueComboBox)->Value()));
 }
 
 // An empty picker's value is passed on as it comes.
-void Field::m_ValueDate_Change()
+void FieldPrivate::m_ValueDate_Change()
 {
     ChangeChain(require(m_ValueDate)->Value());
 }
 
-void Field::m_SliderValue_Change()
+void FieldPrivate::m_SliderValue_Change()
 {
     ChangeChain(int32Value(require(m_ValueSlider)->Value()));
 }
 
-void Field::m_SliderValue_Scroll()
+void FieldPrivate::m_SliderValue_Scroll()
 {
     m_SliderValue_Change();
 }
 
-void Field::m_FileSelector_Change()
+void FieldPrivate::m_FileSelector_Change()
 {
     ChangeChain(textValue(require(m_FileSelector)->Value()));
 }
 
-void Field::m_FolderSelector_Change()
+void FieldPrivate::m_FolderSelector_Change()
 {
     ChangeChain(textValue(require(m_FolderSelector)->Value()));
 }
 
-void Field::m_Memo_Change()
+void FieldPrivate::m_Memo_Change()
 {
     ChangeChain(textValue(require(m_Memo)->Value()));
 }
 
 // The row-focus routine: bring the row into view, highlight its name cell alone, put the focus
 // in its editor and show its description.
-void Field::m_FieldNameControl_GotFocus()
+void FieldPrivate::m_FieldNameControl_GotFocus()
 {
-    kwPropertyControl *grid = Grid();
-    const PictureBox *inner = grid->InnerPicBox();
-    const PictureBox *outer = grid->OuterPicBox();
+    FieldHost *grid = Grid();
     TextBox *label = require(m_FieldNameControl);
-    while (inner->Top() + label->Top() + label->Height() > outer->Height())
-        grid->setFirstRow(roundToInt16(double(grid->FirstRow()) + 1));
-    while (inner->Top() + label->Top() < 0)
-        grid->setFirstRow(roundToInt16(double(grid->FirstRow()) - 1));
-    require(m_ParentClass)->ClearSelectedRows();
+    grid->ScrollIntoView(label);
+    FieldsPrivate::get(require(m_ParentClass))->ClearSelectedRows();
     label->setBackColor(SystemColor::Highlight);
     label->setForeColor(SystemColor::HighlightText);
     FocusRowEditor();
     grid->ShowDescription(m_Description);
 }
 
-void Field::FocusRowEditor()
+void FieldPrivate::FocusRowEditor()
 {
     switch (m_FieldType) {
     case ftText:
@@ -334,7 +337,7 @@ void Field::FocusRowEditor()
         require(m_ValueDate)->SetFocus();
         break;
     case ftSlider:
-        // Included here although Field::SetFocus leaves the slider out: intended.
+        // Included here although FieldPrivate::SetFocus leaves the slider out: intended.
         require(m_ValueSlider)->SetFocus();
         break;
     case ftFileSelector:
@@ -365,20 +368,20 @@ void moveBetweenRows(int &KeyCode)
 }
 } // namespace
 
-void Field::m_ValueTextBox_KeyDown(int &KeyCode, int &)
+void FieldPrivate::m_ValueTextBox_KeyDown(int &KeyCode, int &)
 {
     moveBetweenRows(KeyCode);
 }
-void Field::m_ValueNumeric_KeyDown(int &KeyCode, int &)
+void FieldPrivate::m_ValueNumeric_KeyDown(int &KeyCode, int &)
 {
     moveBetweenRows(KeyCode);
 }
-void Field::m_ValueCheckBox_KeyDown(int &KeyCode, int &)
+void FieldPrivate::m_ValueCheckBox_KeyDown(int &KeyCode, int &)
 {
     moveBetweenRows(KeyCode);
 }
 
-void Field::m_ValueNumeric_KeyPress(int &KeyAscii)
+void FieldPrivate::m_ValueNumeric_KeyPress(int &KeyAscii)
 {
     const TextBox *box = require(m_ValueNumeric);
     switch (KeyAscii) {

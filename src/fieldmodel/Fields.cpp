@@ -1,17 +1,19 @@
-#include "fieldmodel/Fields.h"
+#include "fieldmodel/Fields_p.h"
 
-#include "fieldmodel/DropDownValues.h"
-#include "fieldmodel/Field.h"
-#include "grid/kwPropertyControl.h"
+#include "fieldmodel/FieldHost.h"
+#include "fieldmodel/Field_p.h"
+
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
 #include "platform/TextBox.h"
 #include "platform/Values.h"
+#include <kwFieldDeck/DropDownValues.h>
 
 namespace kwFieldDeck {
 
 Fields::Fields(QObject *parent)
     : QObject(parent)
+    , d_ptr(std::make_unique<FieldsPrivate>())
 {
 }
 
@@ -20,26 +22,28 @@ Fields::~Fields() = default;
 Field *Fields::Add(const QString &Name, lFieldTypes FieldType, qint32 Size, const QString &Value,
     const QString &Description)
 {
+    Q_D(Fields);
     return trap("Function 'Add' of Class Module 'Fields'", [&]() -> Field * {
         auto *field = new Field(this);
-        field->setParentClass(this);
+        FieldPrivate *row = FieldPrivate::get(field);
+        row->setParentClass(this);
         field->setFieldType(FieldType);
         field->setName(Name);
-        field->setFont(require(m_ParentClass)->Font());
+        row->setFont(require(d->m_ParentClass)->Font());
         field->setValue(textValue(Value));
         field->setSize(Size);
         field->setDescription(Description);
-        if (m_fields.contains(Name)) {
+        if (d->m_fields.contains(Name)) {
             // Shown, not raised; the rejected field's row stays on the grid: intended.
             MsgBox(QStringLiteral("Field: ") + Name
                     + QStringLiteral(" already exists in Fields Collection!"),
                 MsgBoxStyle::OKOnly, QString());
             return nullptr;
         }
-        m_fields.add(field, Name);
-        if (field->FieldNameControl()) {
-            m_LastLabelledField = field;
-            m_lastLabelledKnown = true;
+        d->m_fields.add(field, Name);
+        if (row->FieldNameControl()) {
+            d->m_LastLabelledField = field;
+            d->m_lastLabelledKnown = true;
         }
         return field;
     });
@@ -47,72 +51,91 @@ Field *Fields::Add(const QString &Name, lFieldTypes FieldType, qint32 Size, cons
 
 Field *Fields::Item(const QVariant &vntIndexKey) const
 {
+    Q_D(const Fields);
     return trap(
-        "Property 'Item' of Class Module 'Fields'", [&] { return m_fields.item(vntIndexKey); });
+        "Property 'Item' of Class Module 'Fields'", [&] { return d->m_fields.item(vntIndexKey); });
 }
 
 int Fields::Count() const
 {
-    return m_fields.count();
+    return d_func()->m_fields.count();
+}
+
+QList<Field *>::const_iterator Fields::begin() const
+{
+    return d_func()->m_fields.begin();
+}
+
+QList<Field *>::const_iterator Fields::end() const
+{
+    return d_func()->m_fields.end();
 }
 
 void Fields::Remove(const QVariant &vntIndexKey)
 {
+    Q_D(Fields);
     trap("Sub 'Remove' of Class Module 'Fields'", [&] {
-        Field *field = m_fields.item(vntIndexKey);
+        Field *field = d->m_fields.item(vntIndexKey);
         field->setVisible(false);
-        field->Kill();
-        m_fields.remove(vntIndexKey);
-        m_lastLabelledKnown = false;
+        FieldPrivate::get(field)->Kill();
+        d->m_fields.remove(vntIndexKey);
+        d->m_lastLabelledKnown = false;
         // The grid is not laid out again: intended.
     });
 }
 
 void Fields::Clear()
 {
+    Q_D(Fields);
     trap("Sub 'Clear' of Class Module 'Fields'", [&] {
         // Unlike Remove, Clear leaves the editor references alone: intended.
-        while (!m_fields.isEmpty()) {
-            m_fields.at(0)->setVisible(false);
-            m_fields.remove(1);
+        while (!d->m_fields.isEmpty()) {
+            d->m_fields.at(0)->setVisible(false);
+            d->m_fields.remove(1);
         }
-        m_LastLabelledField = nullptr;
-        m_lastLabelledKnown = true;
-        Refresh();
+        d->m_LastLabelledField = nullptr;
+        d->m_lastLabelledKnown = true;
+        d->Refresh();
     });
 }
 
 kwFieldDeck::DropDownValues *Fields::DropDownValues()
 {
-    if (!m_DropDownValues)
-        m_DropDownValues = new kwFieldDeck::DropDownValues(this);
-    return m_DropDownValues;
+    Q_D(Fields);
+    if (!d->m_DropDownValues)
+        d->m_DropDownValues = new kwFieldDeck::DropDownValues(this);
+    return d->m_DropDownValues;
 }
 
-void Fields::Refresh()
+void Fields::setDropDownValues(kwFieldDeck::DropDownValues *values)
+{
+    d_func()->m_DropDownValues = values;
+}
+
+void FieldsPrivate::Refresh()
 {
     trap("Sub 'Refresh' of Class Module 'Fields'", [&] { require(m_ParentClass)->Refresh(true); });
 }
 
-void Fields::ClearSelectedRows()
+void FieldsPrivate::ClearSelectedRows()
 {
     trap("Sub 'ClearSelectedRows' of Class Module 'Fields'", [&] {
-        const kwPropertyControl *grid = require(m_ParentClass);
+        const FieldHost *grid = require(m_ParentClass);
         for (Field *field : m_fields) {
-            TextBox *label = require(field->FieldNameControl());
+            TextBox *label = require(FieldPrivate::get(field)->FieldNameControl());
             label->setBackColor(grid->FieldNameBackColor());
             label->setForeColor(grid->FieldNameForeColor());
         }
     });
 }
 
-Field *Fields::LastLabelledField()
+Field *FieldsPrivate::LastLabelledField()
 {
     if (!m_lastLabelledKnown) {
         // From the end: normally the last field has its name cell and the search stops at once.
         m_LastLabelledField = nullptr;
         for (int i = m_fields.count() - 1; i >= 0 && !m_LastLabelledField; --i) {
-            if (m_fields.at(i)->FieldNameControl())
+            if (FieldPrivate::get(m_fields.at(i))->FieldNameControl())
                 m_LastLabelledField = m_fields.at(i);
         }
         m_lastLabelledKnown = true;

@@ -1,4 +1,4 @@
-#include "fieldmodel/lFieldTypes.h"
+#include "fieldmodel/lFieldTypes_p.h"
 
 namespace kwFieldDeck {
 

@@ -1,13 +1,12 @@
 // kwPropertyControl: the definition language (ReadDef, AddFieldByDefString, CleanDefString) and
 // definition files (LoadDefFile).
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
 #include "editors/kwComboField.h"
-#include "fieldmodel/DropDownValues.h"
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "fieldmodel/lFieldTypes.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
+#include "fieldmodel/lFieldTypes_p.h"
 #include "grid/DefinitionText.h"
 #include "platform/Database.h"
 #include "platform/Error.h"
@@ -17,6 +16,7 @@
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
+#include <kwFieldDeck/DropDownValues.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -322,7 +322,7 @@ void DefinitionReader::FillComboFromItems(Field *field)
         if (!item.Key.isEmpty()) {
             require(require(field)->DropDownValues())->Add(item.Key, item.Text);
         } else {
-            require(require(field)->ValueComboBox())->setUseItemData(false);
+            require(FieldPrivate::get(require(field))->ValueComboBox())->setUseItemData(false);
             AddAutomaticKeyItem(field, item.Text);
         }
     }
@@ -376,7 +376,7 @@ bool DefinitionReader::FillComboFromDatabase(Field *field)
 
 } // namespace
 
-void kwPropertyControl::ReadDef(const QString &DefString)
+void kwPropertyControlPrivate::ReadDef(const QString &DefString)
 {
     trap("Sub 'ReadDef' of User Control 'kwPropertyControl'", [&] {
         DefinitionReader reader(
@@ -386,7 +386,7 @@ void kwPropertyControl::ReadDef(const QString &DefString)
     });
 }
 
-Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
+Field *kwPropertyControlPrivate::AddFieldByDefString(const QString &DefString)
 {
     return trap("Function 'AddFieldByDefString' of User Control 'kwPropertyControl'", [&] {
         m_LastAddedField = nullptr;
@@ -397,13 +397,13 @@ Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
     });
 }
 
-void kwPropertyControl::CleanDefString(QString &DefString)
+void kwPropertyControlPrivate::CleanDefString(QString &DefString)
 {
     trap("Sub 'CleanDefString' of User Control 'kwPropertyControl'",
         [&] { DefString = CleanDefinitionText(DefString); });
 }
 
-void kwPropertyControl::LoadDefFile(const QString &FileName)
+void kwPropertyControlPrivate::LoadDefFile(const QString &FileName)
 {
     trap("Sub 'LoadDefFile' of User Control 'kwPropertyControl'", [&] {
         const QString cannotOpen

@@ -1,9 +1,9 @@
 // kwPropertyControl: the values of all fields kept as one text in the per-user settings store.
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
 #include "platform/SettingsStore.h"
@@ -39,7 +39,7 @@ bool StoreAddress(QString &AppName, QString &Section, QString &Setting)
 
 } // namespace
 
-void kwPropertyControl::SaveValuesToRegistry(
+void kwPropertyControlPrivate::SaveValuesToRegistry(
     const QString &AppName, const QString &Section, const QString &Setting)
 {
     trap("Sub 'SaveValuesToRegistry' of User Control 'kwPropertyControl'", [&] {
@@ -57,7 +57,7 @@ void kwPropertyControl::SaveValuesToRegistry(
     });
 }
 
-void kwPropertyControl::GetValuesFromRegistry(
+void kwPropertyControlPrivate::GetValuesFromRegistry(
     const QString &AppName, const QString &Section, const QString &Setting)
 {
     trap("Sub 'GetValuesFromRegistry' of User Control 'kwPropertyControl'", [&] {

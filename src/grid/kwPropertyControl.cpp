@@ -1,7 +1,7 @@
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/ClassFactory.h"
 #include "platform/Error.h"
 #include "platform/PictureBox.h"
@@ -24,11 +24,206 @@ OleColor colorOf(const QVariant &value)
 } // namespace
 
 kwPropertyControl::kwPropertyControl(QWidget *parent)
-    : UserControl(parent)
+    : QWidget(parent)
+    , d_ptr(std::make_unique<kwPropertyControlPrivate>(this))
+{
+    d_func()->initNew();
+}
+
+kwPropertyControl::~kwPropertyControl() = default;
+
+// The public accessors: the grid's state and workings are kwPropertyControlPrivate's.
+kwFieldDeck::Fields *kwPropertyControl::Fields()
+{
+    return d_func()->Fields();
+}
+OleColor kwPropertyControl::BackColor() const
+{
+    return d_func()->BackColor();
+}
+void kwPropertyControl::setBackColor(OleColor color)
+{
+    d_func()->setBackColor(color);
+}
+OleColor kwPropertyControl::ForeColor() const
+{
+    return d_func()->m_ForeColor;
+}
+void kwPropertyControl::setForeColor(OleColor color)
+{
+    d_func()->setForeColor(color);
+}
+bool kwPropertyControl::Enabled() const
+{
+    return d_func()->m_Enabled;
+}
+void kwPropertyControl::setEnabled(bool enabled)
+{
+    d_func()->setEnabled(enabled);
+}
+QFont kwPropertyControl::Font() const
+{
+    return d_func()->m_Font;
+}
+void kwPropertyControl::setFont(const QFont &font)
+{
+    d_func()->setFont(font);
+}
+qint16 kwPropertyControl::BackStyle() const
+{
+    return d_func()->m_BackStyle;
+}
+void kwPropertyControl::setBackStyle(qint16 style)
+{
+    d_func()->setBackStyle(style);
+}
+qint16 kwPropertyControl::BorderStyle() const
+{
+    return d_func()->m_BorderStyle;
+}
+void kwPropertyControl::setBorderStyle(qint16 style)
+{
+    d_func()->setBorderStyle(style);
+}
+qint16 kwPropertyControl::ScaleMode() const
+{
+    return d_func()->ScaleMode();
+}
+void kwPropertyControl::setScaleMode(qint16 mode)
+{
+    d_func()->setScaleMode(mode);
+}
+qint16 kwPropertyControl::Appearance() const
+{
+    return d_func()->Appearance();
+}
+void kwPropertyControl::setAppearance(qint16 appearance)
+{
+    d_func()->setAppearance(appearance);
+}
+OleColor kwPropertyControl::FieldNameBackColor() const
+{
+    return d_func()->m_FieldNameBackColor;
+}
+void kwPropertyControl::setFieldNameBackColor(OleColor color)
+{
+    d_func()->setFieldNameBackColor(color);
+}
+OleColor kwPropertyControl::FieldNameForeColor() const
+{
+    return d_func()->m_FieldNameForeColor;
+}
+void kwPropertyControl::setFieldNameForeColor(OleColor color)
+{
+    d_func()->setFieldNameForeColor(color);
+}
+QObject *kwPropertyControl::DescriptionLabel() const
+{
+    return d_func()->m_DescriptionLabel;
+}
+void kwPropertyControl::setDescriptionLabel(QObject *label)
+{
+    d_func()->m_DescriptionLabel = label;
+}
+QWidget *kwPropertyControl::Parent() const
+{
+    return window();
+}
+QString kwPropertyControl::AppPath() const
+{
+    return d_func()->m_AppPath;
+}
+void kwPropertyControl::setAppPath(const QString &path)
+{
+    d_func()->m_AppPath = path;
+}
+bool kwPropertyControl::ambientUserMode() const
+{
+    return d_func()->ambientUserMode();
+}
+void kwPropertyControl::setAmbientUserMode(bool userMode)
+{
+    d_func()->setAmbientUserMode(userMode);
+}
+void kwPropertyControl::SetFocus()
+{
+    d_func()->SetFocus();
+}
+void kwPropertyControl::Refresh(bool Redraw)
+{
+    d_func()->Refresh(Redraw);
+}
+float kwPropertyControl::FieldNameWidth() const
+{
+    return d_func()->m_FieldNameWidth;
+}
+void kwPropertyControl::setFieldNameWidth(float width)
+{
+    d_func()->setFieldNameWidth(width);
+}
+float kwPropertyControl::RowHeight() const
+{
+    return d_func()->m_RowHeight;
+}
+void kwPropertyControl::setRowHeight(float height)
+{
+    d_func()->setRowHeight(height);
+}
+qint16 kwPropertyControl::FirstRow() const
+{
+    return d_func()->m_FirstRow;
+}
+void kwPropertyControl::setFirstRow(qint16 row)
+{
+    d_func()->setFirstRow(row);
+}
+void kwPropertyControl::AutoSizeFieldNameWidths()
+{
+    d_func()->AutoSizeFieldNameWidths();
+}
+QSize kwPropertyControl::sizeHint() const
+{
+    return d_func()->sizeHint();
+}
+QSize kwPropertyControl::minimumSizeHint() const
+{
+    return d_func()->minimumSizeHint();
+}
+void kwPropertyControl::ReadDef(const QString &DefString)
+{
+    d_func()->ReadDef(DefString);
+}
+Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
+{
+    return d_func()->AddFieldByDefString(DefString);
+}
+void kwPropertyControl::LoadDefFile(const QString &FileName)
+{
+    d_func()->LoadDefFile(FileName);
+}
+void kwPropertyControl::SaveValuesToRegistry(
+    const QString &AppName, const QString &Section, const QString &Setting)
+{
+    d_func()->SaveValuesToRegistry(AppName, Section, Setting);
+}
+void kwPropertyControl::GetValuesFromRegistry(
+    const QString &AppName, const QString &Section, const QString &Setting)
+{
+    d_func()->GetValuesFromRegistry(AppName, Section, Setting);
+}
+bool kwPropertyControl::focusNextPrevChild(bool next)
+{
+    d_func()->RealizeNextRow(next);
+    return QWidget::focusNextPrevChild(next);
+}
+
+kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
+    : UserControl(grid)
     , m_Font(ambientFont())
+    , q_ptr(grid)
 {
     // The design-time layout: the viewport, the canvas inside it and the scroll bar beside it.
-    picOuter = static_cast<PictureBox *>(Controls().Add(PictureBox::ClassId, "picOuter", this));
+    picOuter = static_cast<PictureBox *>(Controls().Add(PictureBox::ClassId, "picOuter", grid));
     picInner = static_cast<PictureBox *>(
         Controls().Add(PictureBox::ClassId, "picInner", picOuter->widget()));
     VScroll1 = static_cast<VScrollBar *>(
@@ -47,27 +242,21 @@ kwPropertyControl::kwPropertyControl(QWidget *parent)
     paintThrough(picOuter->widget());
     paintThrough(picInner->widget());
     VScroll1->setWidth(255);
-    connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControl::VScroll1_Change);
-    connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControl::VScroll1_Scroll);
+    connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControlPrivate::VScroll1_Change);
+    connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControlPrivate::VScroll1_Scroll);
 
-    m_Fields = new kwFieldDeck::Fields(this);
-    m_Fields->setParentClass(this);
+    m_Fields = new kwFieldDeck::Fields(grid);
+    FieldsPrivate::get(m_Fields)->m_ParentClass = this;
 }
 
-kwPropertyControl::~kwPropertyControl() = default;
+kwPropertyControlPrivate::~kwPropertyControlPrivate() = default;
 
-kwFieldDeck::Fields *kwPropertyControl::Fields()
-{
-    m_Fields->setParentClass(this);
-    return m_Fields;
-}
-
-OleColor kwPropertyControl::BackColor() const
+OleColor kwPropertyControlPrivate::BackColor() const
 {
     return picOuter->BackColor();
 }
 
-void kwPropertyControl::setBackColor(OleColor color)
+void kwPropertyControlPrivate::setBackColor(OleColor color)
 {
     trap("Property 'BackColor' of User Control 'kwPropertyControl'", [&] {
         picOuter->setBackColor(color);
@@ -76,19 +265,19 @@ void kwPropertyControl::setBackColor(OleColor color)
     });
 }
 
-void kwPropertyControl::setForeColor(OleColor color)
+void kwPropertyControlPrivate::setForeColor(OleColor color)
 {
     m_ForeColor = color;
     propertyChanged(QStringLiteral("ForeColor"));
 }
 
-void kwPropertyControl::setEnabled(bool enabled)
+void kwPropertyControlPrivate::setEnabled(bool enabled)
 {
     m_Enabled = enabled;
     propertyChanged(QStringLiteral("Enabled"));
 }
 
-void kwPropertyControl::setFont(const QFont &font)
+void kwPropertyControlPrivate::setFont(const QFont &font)
 {
     trap("Property 'Font' of User Control 'kwPropertyControl'", [&] {
         applyFont(font);
@@ -96,44 +285,44 @@ void kwPropertyControl::setFont(const QFont &font)
     });
 }
 
-void kwPropertyControl::applyFont(const QFont &font)
+void kwPropertyControlPrivate::applyFont(const QFont &font)
 {
     m_Font = font;
-    QWidget::setFont(font);
+    q_ptr->QWidget::setFont(font);
     picInner->setFont(font);
     for (Field *field : *m_Fields)
-        field->setFont(font);
+        FieldPrivate::get(field)->setFont(font);
 }
 
-void kwPropertyControl::setBackStyle(qint16 style)
+void kwPropertyControlPrivate::setBackStyle(qint16 style)
 {
     m_BackStyle = style;
     propertyChanged(QStringLiteral("BackStyle"));
 }
 
-void kwPropertyControl::setBorderStyle(qint16 style)
+void kwPropertyControlPrivate::setBorderStyle(qint16 style)
 {
     m_BorderStyle = style;
     propertyChanged(QStringLiteral("BorderStyle"));
 }
 
-qint16 kwPropertyControl::ScaleMode() const
+qint16 kwPropertyControlPrivate::ScaleMode() const
 {
     return qint16(surfaceScaleMode());
 }
 
-void kwPropertyControl::setScaleMode(qint16 mode)
+void kwPropertyControlPrivate::setScaleMode(qint16 mode)
 {
     setSurfaceScaleMode(mode);
     propertyChanged(QStringLiteral("ScaleMode"));
 }
 
-qint16 kwPropertyControl::Appearance() const
+qint16 kwPropertyControlPrivate::Appearance() const
 {
     return qint16(picOuter->Appearance());
 }
 
-void kwPropertyControl::setAppearance(qint16 appearance)
+void kwPropertyControlPrivate::setAppearance(qint16 appearance)
 {
     trap("Property 'Appearance' of User Control 'kwPropertyControl'", [&] {
         picOuter->setAppearance(appearance);
@@ -141,45 +330,35 @@ void kwPropertyControl::setAppearance(qint16 appearance)
     });
 }
 
-void kwPropertyControl::setFieldNameBackColor(OleColor color)
+void kwPropertyControlPrivate::setFieldNameBackColor(OleColor color)
 {
     trap("Property 'FieldNameBackColor' of User Control 'kwPropertyControl'", [&] {
         m_FieldNameBackColor = color;
         for (Field *field : *m_Fields)
-            require(field->FieldNameControl())->setBackColor(color);
+            require(FieldPrivate::get(field)->FieldNameControl())->setBackColor(color);
         propertyChanged(QStringLiteral("FieldNameBackColor"));
     });
 }
 
-void kwPropertyControl::setFieldNameForeColor(OleColor color)
+void kwPropertyControlPrivate::setFieldNameForeColor(OleColor color)
 {
     trap("Property 'FieldNameForeColor' of User Control 'kwPropertyControl'", [&] {
         m_FieldNameForeColor = color;
         for (Field *field : *m_Fields)
-            require(field->FieldNameControl())->setForeColor(color);
+            require(FieldPrivate::get(field)->FieldNameControl())->setForeColor(color);
         propertyChanged(QStringLiteral("FieldNameForeColor"));
     });
 }
 
-void kwPropertyControl::setDescriptionLabel(QObject *label)
-{
-    m_DescriptionLabel = label;
-}
-
-QWidget *kwPropertyControl::Parent() const
-{
-    return window();
-}
-
-void kwPropertyControl::SetFocus()
+void kwPropertyControlPrivate::SetFocus()
 {
     trap("Sub 'SetFocus' of User Control 'kwPropertyControl'", [&] {
-        setFocus(Qt::OtherFocusReason);
-        m_Fields->First()->SetFocus();
+        q_ptr->setFocus(Qt::OtherFocusReason);
+        FieldsPrivate::get(m_Fields)->First()->SetFocus();
     });
 }
 
-void kwPropertyControl::UserControl_InitProperties()
+void kwPropertyControlPrivate::UserControl_InitProperties()
 {
     trap("Sub 'UserControl_InitProperties' of User Control 'kwPropertyControl'", [&] {
         m_ForeColor = 0;
@@ -195,7 +374,7 @@ void kwPropertyControl::UserControl_InitProperties()
     });
 }
 
-void kwPropertyControl::UserControl_ReadProperties(PropertyBag &PropBag)
+void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
 {
     trap("Sub 'UserControl_ReadProperties' of User Control 'kwPropertyControl'", [&] {
         // Only the viewport takes the restored colour; the canvas keeps its own (intended).
@@ -218,7 +397,7 @@ void kwPropertyControl::UserControl_ReadProperties(PropertyBag &PropBag)
     });
 }
 
-void kwPropertyControl::UserControl_WriteProperties(PropertyBag &PropBag) const
+void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag) const
 {
     trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
         PropBag.WriteProperty(

@@ -1,22 +1,22 @@
 // The grid's side of the editor events: passing edits on to the host and showing a row's
 // description.
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
 #include "platform/Error.h"
 
 namespace kwFieldDeck {
 
-void kwPropertyControl::RaiseChangedEvent(Field *oField)
+void kwPropertyControlPrivate::RaiseChangedEvent(Field *oField)
 {
     trap("Sub 'RaiseChangedEvent' of User Control 'kwPropertyControl'", [&] {
         // A grid on a form being designed tells nobody of edits.
         if (ambientUserMode())
-            emit Changed(oField);
+            emit q_ptr->Changed(oField);
     });
 }
 
-void kwPropertyControl::ShowDescription(const QString &description)
+void kwPropertyControlPrivate::ShowDescription(const QString &description)
 {
     QObject *label = m_DescriptionLabel;
     if (!label)

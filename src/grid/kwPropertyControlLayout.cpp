@@ -1,10 +1,10 @@
 // Row layout and scrolling: rows are stacked on the canvas picInner with a pitch of the row
 // height less 15, so that adjacent rows share one border line; scrolling moves the canvas.
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/Error.h"
 #include "platform/PictureBox.h"
 #include "platform/Services.h"
@@ -24,7 +24,7 @@ constexpr float EditorMargin = 40;
 constexpr float ViewportFrame = 60;
 } // namespace
 
-void kwPropertyControl::Refresh(bool Redraw)
+void kwPropertyControlPrivate::Refresh(bool Redraw)
 {
     trap("Sub 'Refresh' of User Control 'kwPropertyControl'", [&] {
         CalcSlider();
@@ -42,16 +42,16 @@ void kwPropertyControl::Refresh(bool Redraw)
         float top = 0;
         // By index: host events run between rows and may change the collection.
         for (int i = 0; i < m_Fields->Count(); ++i) {
-            Field *field = m_Fields->at(i);
+            Field *field = FieldsPrivate::get(m_Fields)->m_fields.at(i);
             if (!field->Visible())
                 continue;
-            TextBox *label = field->FieldNameControl();
+            TextBox *label = FieldPrivate::get(field)->FieldNameControl();
             if (!label)
                 continue;
             label->setTop(top);
             label->setHeight(m_RowHeight);
             label->setWidth(m_FieldNameWidth);
-            if (Control *editor = field->EditorControl())
+            if (Control *editor = FieldPrivate::get(field)->EditorControl())
                 editor->Move(label->Left() + label->Width() - EditorOverlap, label->Top(),
                     std::max(0.0f, EditorWidth(EditorMargin)));
             top += label->Height() - SharedBorder;
@@ -67,29 +67,29 @@ void kwPropertyControl::Refresh(bool Redraw)
     });
 }
 
-float kwPropertyControl::EditorWidth(float margin) const
+float kwPropertyControlPrivate::EditorWidth(float margin) const
 {
     return picOuter->Width() - (VScroll1->Width() + m_FieldNameWidth) - margin;
 }
 
-QSize kwPropertyControl::SizeForRows(int rows, float valueWidth) const
+QSize kwPropertyControlPrivate::SizeForRows(int rows, float valueWidth) const
 {
     const float width = m_FieldNameWidth + valueWidth + VScroll1->Width() + ViewportFrame;
     const float height = rows * (m_RowHeight - SharedBorder) + SharedBorder + ViewportFrame;
     return QSize(twipsToPixelsX(width), twipsToPixelsY(height));
 }
 
-QSize kwPropertyControl::sizeHint() const
+QSize kwPropertyControlPrivate::sizeHint() const
 {
     return SizeForRows(8, 3000);
 }
 
-QSize kwPropertyControl::minimumSizeHint() const
+QSize kwPropertyControlPrivate::minimumSizeHint() const
 {
     return SizeForRows(3, 1500);
 }
 
-void kwPropertyControl::CalcSlider()
+void kwPropertyControlPrivate::CalcSlider()
 {
     trap("Sub 'CalcSlider' of User Control 'kwPropertyControl'", [&] {
         const float viewport = picOuter->Height();
@@ -109,7 +109,7 @@ void kwPropertyControl::CalcSlider()
     });
 }
 
-void kwPropertyControl::VScroll1_Change()
+void kwPropertyControlPrivate::VScroll1_Change()
 {
     trap("Sub 'VScroll1_Change' of User Control 'kwPropertyControl'", [&] {
         picInner->setTop(-(m_RowHeight - SharedBorder) * VScroll1->Value());
@@ -118,7 +118,7 @@ void kwPropertyControl::VScroll1_Change()
     });
 }
 
-void kwPropertyControl::VScroll1_Scroll()
+void kwPropertyControlPrivate::VScroll1_Scroll()
 {
     trap("Sub 'VScroll1_Scroll' of User Control 'kwPropertyControl'", [&] {
         // FirstRow follows only when the drag ends (VScroll1_Change): intended.
@@ -127,7 +127,7 @@ void kwPropertyControl::VScroll1_Scroll()
     });
 }
 
-void kwPropertyControl::setFirstRow(qint16 row)
+void kwPropertyControlPrivate::setFirstRow(qint16 row)
 {
     trap("Property 'FirstRow' of User Control 'kwPropertyControl'", [&] {
         // No range check and the scroll bar stays where it is: intended.
@@ -137,7 +137,7 @@ void kwPropertyControl::setFirstRow(qint16 row)
     });
 }
 
-void kwPropertyControl::setFieldNameWidth(float width)
+void kwPropertyControlPrivate::setFieldNameWidth(float width)
 {
     trap("Property 'FieldNameWidth' of User Control 'kwPropertyControl'", [&] {
         // A name column that leaves no room for the scroll bar is ignored silently.
@@ -145,12 +145,12 @@ void kwPropertyControl::setFieldNameWidth(float width)
             return;
         m_FieldNameWidth = width;
         propertyChanged(QStringLiteral("FieldNameWidth"));
-        updateGeometry();
+        q_ptr->updateGeometry();
         Refresh(true);
     });
 }
 
-void kwPropertyControl::setRowHeight(float height)
+void kwPropertyControlPrivate::setRowHeight(float height)
 {
     trap("Property 'RowHeight' of User Control 'kwPropertyControl'", [&] {
         // Takes effect at the next full layout; existing editors keep their heights.
@@ -159,7 +159,7 @@ void kwPropertyControl::setRowHeight(float height)
     });
 }
 
-void kwPropertyControl::AutoSizeFieldNameWidths()
+void kwPropertyControlPrivate::AutoSizeFieldNameWidths()
 {
     trap("Sub 'AutoSizeFieldNameWidths' of User Control 'kwPropertyControl'", [&] {
         // Set directly, without the setter's check and without marking it changed.
@@ -169,12 +169,12 @@ void kwPropertyControl::AutoSizeFieldNameWidths()
             if (width > m_FieldNameWidth)
                 m_FieldNameWidth = width;
         }
-        updateGeometry();
+        q_ptr->updateGeometry();
         Refresh(true);
     });
 }
 
-void kwPropertyControl::UserControl_Resize()
+void kwPropertyControlPrivate::UserControl_Resize()
 {
     trap("Sub 'UserControl_Resize' of User Control 'kwPropertyControl'", [&] {
         picOuter->setWidth(extenderWidth());
@@ -186,7 +186,7 @@ void kwPropertyControl::UserControl_Resize()
     });
 }
 
-void kwPropertyControl::UserControl_Paint()
+void kwPropertyControlPrivate::UserControl_Paint()
 {
     trap("Sub 'UserControl_Paint' of User Control 'kwPropertyControl'", [&] {
         Refresh(false);

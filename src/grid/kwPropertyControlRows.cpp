@@ -1,7 +1,7 @@
 // Row creation: the name cell of a new row and the editor for each field type, created through
 // the class factory, named from one creation counter and placed on the canvas picInner.
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
 #include "editors/kwComboField.h"
 #include "editors/kwFileSelectorField.h"
@@ -9,8 +9,8 @@
 #include "editors/kwMemoField.h"
 #include "editors/kwSimpleCheck.h"
 #include "editors/kwSliderValue.h"
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
 #include "platform/ClassFactory.h"
 #include "platform/DatePicker.h"
 #include "platform/Error.h"
@@ -35,7 +35,7 @@ QString counterText()
 }
 } // namespace
 
-TextBox *kwPropertyControl::AddField()
+TextBox *kwPropertyControlPrivate::AddField()
 {
     return trap("Function 'AddField' of User Control 'kwPropertyControl'", [&]() -> TextBox * {
         ++controlCounter;
@@ -57,31 +57,31 @@ TextBox *kwPropertyControl::AddField()
     });
 }
 
-float kwPropertyControl::TopOfNewRow()
+float kwPropertyControlPrivate::TopOfNewRow()
 {
     // Hidden fields count too; the new field has no name cell yet and so is not the last one.
-    Field *last = m_Fields->LastLabelledField();
+    Field *last = FieldsPrivate::get(m_Fields)->LastLabelledField();
     if (!last)
         return 0;
-    const TextBox *label = last->FieldNameControl();
+    const TextBox *label = FieldPrivate::get(last)->FieldNameControl();
     return label->Top() + label->Height() - SharedBorder;
 }
 
-TextBox *kwPropertyControl::AddTextBox(Field *oField)
+TextBox *kwPropertyControlPrivate::AddTextBox(Field *oField)
 {
     return trap("Function 'AddTextBox' of User Control 'kwPropertyControl'",
         [&] { return addTextEditor(QStringLiteral("TextBox"), oField); });
 }
 
-TextBox *kwPropertyControl::AddNumeric(Field *oField)
+TextBox *kwPropertyControlPrivate::AddNumeric(Field *oField)
 {
     return trap("Function 'AddNumeric' of User Control 'kwPropertyControl'",
         [&] { return addTextEditor(QStringLiteral("Numeric"), oField); });
 }
 
-TextBox *kwPropertyControl::addTextEditor(const QString &kind, Field *oField)
+TextBox *kwPropertyControlPrivate::addTextEditor(const QString &kind, Field *oField)
 {
-    const TextBox *label = require(require(oField)->FieldNameControl());
+    const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
     auto *editor = static_cast<TextBox *>(
         Controls().Add(TextBox::ClassId, kind + counterText(), picInner->widget()));
     editor->setTop(label->Top());
@@ -95,11 +95,11 @@ TextBox *kwPropertyControl::addTextEditor(const QString &kind, Field *oField)
     return editor;
 }
 
-DatePicker *kwPropertyControl::AddDatePicker(Field *oField)
+DatePicker *kwPropertyControlPrivate::AddDatePicker(Field *oField)
 {
     return trap(
         "Function 'AddDatePicker' of User Control 'kwPropertyControl'", [&]() -> DatePicker * {
-            const TextBox *label = require(require(oField)->FieldNameControl());
+            const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
             auto *picker = static_cast<DatePicker *>(Controls().Add(DatePicker::ClassId,
                 QStringLiteral("DTPicker") + counterText(), picInner->widget()));
             picker->setTop(label->Top());
@@ -116,9 +116,9 @@ DatePicker *kwPropertyControl::AddDatePicker(Field *oField)
         });
 }
 
-Control *kwPropertyControl::addLibraryEditor(const QString &className, Field *oField)
+Control *kwPropertyControlPrivate::addLibraryEditor(const QString &className, Field *oField)
 {
-    const TextBox *label = require(require(oField)->FieldNameControl());
+    const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
     Control *editor = Controls().Add(libraryTitle() + QLatin1Char('.') + className,
         className + counterText(), picInner->widget());
     editor->setTop(label->Top());
@@ -138,7 +138,7 @@ Editor *editorIn(Control *extender)
 }
 } // namespace
 
-kwSimpleCheck *kwPropertyControl::AddCheckBox(Field *oField)
+kwSimpleCheck *kwPropertyControlPrivate::AddCheckBox(Field *oField)
 {
     return trap("Function 'AddCheckBox' of User Control 'kwPropertyControl'", [&] {
         auto *check = editorIn<kwSimpleCheck>(addLibraryEditor("kwSimpleCheck", oField));
@@ -147,7 +147,7 @@ kwSimpleCheck *kwPropertyControl::AddCheckBox(Field *oField)
     });
 }
 
-kwComboField *kwPropertyControl::AddComboBox(Field *oField)
+kwComboField *kwPropertyControlPrivate::AddComboBox(Field *oField)
 {
     return trap("Function 'AddComboBox' of User Control 'kwPropertyControl'", [&] {
         auto *combo = editorIn<kwComboField>(addLibraryEditor("kwComboField", oField));
@@ -156,7 +156,7 @@ kwComboField *kwPropertyControl::AddComboBox(Field *oField)
     });
 }
 
-kwSliderValue *kwPropertyControl::AddSliderValue(Field *oField)
+kwSliderValue *kwPropertyControlPrivate::AddSliderValue(Field *oField)
 {
     return trap("Function 'AddSliderValue' of User Control 'kwPropertyControl'", [&] {
         auto *slider = editorIn<kwSliderValue>(addLibraryEditor("kwSliderValue", oField));
@@ -165,7 +165,7 @@ kwSliderValue *kwPropertyControl::AddSliderValue(Field *oField)
     });
 }
 
-kwFileSelectorField *kwPropertyControl::AddFileSelectorField(Field *oField)
+kwFileSelectorField *kwPropertyControlPrivate::AddFileSelectorField(Field *oField)
 {
     return trap("Function 'AddFileSelectorField' of User Control 'kwPropertyControl'", [&] {
         auto *selector
@@ -175,7 +175,7 @@ kwFileSelectorField *kwPropertyControl::AddFileSelectorField(Field *oField)
     });
 }
 
-kwFolderSelectorField *kwPropertyControl::AddFolderSelectorField(Field *oField)
+kwFolderSelectorField *kwPropertyControlPrivate::AddFolderSelectorField(Field *oField)
 {
     return trap("Function 'AddFolderSelectorField' of User Control 'kwPropertyControl'", [&] {
         auto *selector
@@ -185,7 +185,7 @@ kwFolderSelectorField *kwPropertyControl::AddFolderSelectorField(Field *oField)
     });
 }
 
-kwMemoField *kwPropertyControl::AddMemoField(Field *oField)
+kwMemoField *kwPropertyControlPrivate::AddMemoField(Field *oField)
 {
     return trap("Function 'AddMemoField' of User Control 'kwPropertyControl'", [&] {
         auto *memo = editorIn<kwMemoField>(addLibraryEditor("kwMemoField", oField));

@@ -4,11 +4,12 @@
 // Down move the focus through the realized rows, which are kept in row order in the focus chain,
 // and the row beyond the focused one is realized before the focus moves to it.
 
-#include "grid/kwPropertyControl.h"
+#include "grid/kwPropertyControl_p.h"
 
-#include "fieldmodel/Field.h"
+#include "fieldmodel/Field_p.h"
 #include "platform/PictureBox.h"
 #include "platform/TextBox.h"
+#include "platform/Values.h"
 
 #include <QSet>
 
@@ -19,26 +20,26 @@ namespace kwFieldDeck {
 namespace {
 void setRowInView(Field *field, bool inView)
 {
-    if (TextBox *label = field->FieldNameControl())
+    if (TextBox *label = FieldPrivate::get(field)->FieldNameControl())
         label->setInView(inView);
-    if (Control *editor = field->EditorControl())
+    if (Control *editor = FieldPrivate::get(field)->EditorControl())
         editor->setInView(inView);
 }
 
 bool rowHasFocus(Field *field)
 {
-    const Control *editor = field->EditorControl();
-    const TextBox *label = field->FieldNameControl();
+    const Control *editor = FieldPrivate::get(field)->EditorControl();
+    const TextBox *label = FieldPrivate::get(field)->FieldNameControl();
     return (editor && editor->hasFocus()) || (label && label->hasFocus());
 }
 } // namespace
 
-float kwPropertyControl::ViewReach() const
+float kwPropertyControlPrivate::ViewReach() const
 {
     return std::max(picOuter->Height(), 2 * m_RowHeight);
 }
 
-bool kwPropertyControl::IsNearView(const Control *label) const
+bool kwPropertyControlPrivate::IsNearView(const Control *label) const
 {
     const float viewTop = -picInner->Top();
     const float reach = ViewReach();
@@ -47,14 +48,14 @@ bool kwPropertyControl::IsNearView(const Control *label) const
 }
 
 // A row just created: realized when near the view, and kept in canvas order.
-void kwPropertyControl::EnterRow(Field *oField, Control *editor)
+void kwPropertyControlPrivate::EnterRow(Field *oField, Control *editor)
 {
-    const TextBox *label = oField->FieldNameControl();
+    const TextBox *label = FieldPrivate::get(oField)->FieldNameControl();
     editor->setInView(IsNearView(label));
     if (!m_RowOrder.isEmpty() && m_RowOrder.last() == oField)
         return;
     if (!m_RowOrder.isEmpty()) {
-        const TextBox *previous = m_RowOrder.last()->FieldNameControl();
+        const TextBox *previous = FieldPrivate::get(m_RowOrder.last())->FieldNameControl();
         if (previous && previous->Top() > label->Top())
             m_RowOrderSorted = false;
     }
@@ -65,20 +66,20 @@ void kwPropertyControl::EnterRow(Field *oField, Control *editor)
     }
 }
 
-void kwPropertyControl::ShowRowsInView()
+void kwPropertyControlPrivate::ShowRowsInView()
 {
     auto begin = m_RowOrder.cbegin();
     if (m_RowOrderSorted) {
         // Rows above the reach of the view are passed over by halving, not one by one.
         const float from = -picInner->Top() - ViewReach();
         begin = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(), [from](Field *f) {
-            const TextBox *label = f->FieldNameControl();
+            const TextBox *label = FieldPrivate::get(f)->FieldNameControl();
             return !label || label->Top() + label->Height() < from;
         });
     }
     QVector<Field *> shown;
     for (auto it = begin; it != m_RowOrder.cend(); ++it) {
-        const TextBox *label = (*it)->FieldNameControl();
+        const TextBox *label = FieldPrivate::get(*it)->FieldNameControl();
         if (!label)
             continue;
         if (IsNearView(label))
@@ -103,7 +104,7 @@ void kwPropertyControl::ShowRowsInView()
     const Control *nextRow = nullptr;
     for (auto it = shown.crbegin(); it != shown.crend(); ++it) {
         Field *field = *it;
-        TextBox *label = field->FieldNameControl();
+        TextBox *label = FieldPrivate::get(field)->FieldNameControl();
         if (!wasShown.contains(field)) {
             setRowInView(field, true);
             stackRow(field, nextRow);
@@ -115,10 +116,10 @@ void kwPropertyControl::ShowRowsInView()
     ChainRows();
 }
 
-void kwPropertyControl::stackRow(Field *field, const Control *nextRow)
+void kwPropertyControlPrivate::stackRow(Field *field, const Control *nextRow)
 {
-    TextBox *label = field->FieldNameControl();
-    Control *editor = field->EditorControl();
+    TextBox *label = FieldPrivate::get(field)->FieldNameControl();
+    Control *editor = FieldPrivate::get(field)->EditorControl();
     Control *top = editor ? editor : static_cast<Control *>(label);
     if (nextRow)
         top->stackUnder(nextRow);
@@ -130,19 +131,20 @@ void kwPropertyControl::stackRow(Field *field, const Control *nextRow)
 
 // The realized rows' widgets follow each other in the focus chain in row order, whatever place
 // the pool's widgets had in it.
-void kwPropertyControl::ChainRows()
+void kwPropertyControlPrivate::ChainRows()
 {
     if (!m_TabChainStale)
         return;
     m_TabChainStale = false;
     QVector<Field *> rows = m_RowsShown;
     std::sort(rows.begin(), rows.end(), [](Field *a, Field *b) {
-        return a->FieldNameControl()->Top() < b->FieldNameControl()->Top();
+        return FieldPrivate::get(a)->FieldNameControl()->Top()
+            < FieldPrivate::get(b)->FieldNameControl()->Top();
     });
     QWidget *previous = nullptr;
     for (Field *field : std::as_const(rows)) {
-        QVector<QWidget *> widgets = field->FieldNameControl()->tabWidgets();
-        if (const Control *editor = field->EditorControl())
+        QVector<QWidget *> widgets = FieldPrivate::get(field)->FieldNameControl()->tabWidgets();
+        if (const Control *editor = FieldPrivate::get(field)->EditorControl())
             widgets += editor->tabWidgets();
         for (QWidget *widget : std::as_const(widgets)) {
             if (previous)
@@ -152,29 +154,38 @@ void kwPropertyControl::ChainRows()
     }
 }
 
+// A row the focus comes to is scrolled into view row by row, down or up.
+void kwPropertyControlPrivate::ScrollIntoView(const TextBox *label)
+{
+    while (picInner->Top() + label->Top() + label->Height() > picOuter->Height())
+        setFirstRow(roundToInt16(double(m_FirstRow) + 1));
+    while (picInner->Top() + label->Top() < 0)
+        setFirstRow(roundToInt16(double(m_FirstRow) - 1));
+}
+
 // A row's place in canvas order: found by halving while the rows are in order of their tops.
-qsizetype kwPropertyControl::RowIndex(Field *field) const
+qsizetype kwPropertyControlPrivate::RowIndex(Field *field) const
 {
     if (!m_RowOrderSorted)
         return m_RowOrder.indexOf(field);
-    const float top = field->FieldNameControl()->Top();
+    const float top = FieldPrivate::get(field)->FieldNameControl()->Top();
     const auto found
         = std::partition_point(m_RowOrder.cbegin(), m_RowOrder.cend(), [top](Field *f) {
-              const TextBox *label = f->FieldNameControl();
+              const TextBox *label = FieldPrivate::get(f)->FieldNameControl();
               return !label || label->Top() < top;
           });
     for (auto it = found; it != m_RowOrder.cend(); ++it) {
         if (*it == field)
             return it - m_RowOrder.cbegin();
-        const TextBox *label = (*it)->FieldNameControl();
+        const TextBox *label = FieldPrivate::get(*it)->FieldNameControl();
         if (label && label->Top() > top)
             break;
     }
     return m_RowOrder.indexOf(field);
 }
 
-// Tab, Shift+Tab, Up and Down from a row: the row the focus goes to is realized first.
-bool kwPropertyControl::focusNextPrevChild(bool next)
+// Tab, Shift+Tab, Up and Down from a row: the row the focus goes to is realized before it moves.
+void kwPropertyControlPrivate::RealizeNextRow(bool next)
 {
     for (Field *field : std::as_const(m_RowsShown)) {
         if (!rowHasFocus(field))
@@ -183,7 +194,7 @@ bool kwPropertyControl::focusNextPrevChild(bool next)
         const qsizetype neighbour = at + (next ? 1 : -1);
         if (at >= 0 && neighbour >= 0 && neighbour < m_RowOrder.size()) {
             Field *row = m_RowOrder.at(neighbour);
-            if (!m_RowsShown.contains(row) && row->FieldNameControl()) {
+            if (!m_RowsShown.contains(row) && FieldPrivate::get(row)->FieldNameControl()) {
                 setRowInView(row, true);
                 stackRow(row, nullptr);
                 m_RowsShown.append(row);
@@ -193,7 +204,6 @@ bool kwPropertyControl::focusNextPrevChild(bool next)
         }
         break;
     }
-    return UserControl::focusNextPrevChild(next);
 }
 
 } // namespace kwFieldDeck

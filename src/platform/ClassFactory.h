@@ -31,16 +31,14 @@ Control *create(const QString &classId, const QString &name, QObject *owner);
 // The control that a container sees around a user control (its extender).
 Control *wrapUserControl(QWidget *userControl, const QString &name, QObject *owner);
 
-// Registers a user control: created fresh, wrapped in the control its container sees, and given
-// its new-instance properties.
+// Registers a user control: created fresh, with its new-instance properties, and wrapped in the
+// control its container sees.
 template <typename T>
 bool registerUserControl(const QString &classId)
 {
     return registerClass(classId, [](const QString &name, QObject *owner) -> Control * {
         auto *userControl = new T;
-        auto *control = wrapUserControl(userControl, name, owner);
-        userControl->initNew();
-        return control;
+        return wrapUserControl(userControl, name, owner);
     });
 }
 

@@ -1,13 +1,11 @@
 #pragma once
 
+#include <kwFieldDeck/Global.h>
+
 #include <QColor>
 #include <QPalette>
 
 namespace kwFieldDeck {
-
-// A colour in the original encoding: red in the low byte (0x00BBGGRR), or, with the top bit set,
-// a system colour by index (0x8000000F is the button face).
-using OleColor = quint32;
 
 namespace SystemColor {
 constexpr OleColor ButtonFace = 0x8000000F;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <kwFieldDeck/HostHooks.h>
+
 #include <QString>
 
 #include <exception>
@@ -52,13 +54,6 @@ T *require(T *object)
         raise(ErrObjectRequired);
     return object;
 }
-
-using ErrorReportHandler
-    = std::function<void(int number, const QString &description, const QString &source)>;
-
-// Installs the handler that every error report reaches after it is logged; returns the previous
-// one. An empty handler restores the default (log only).
-ErrorReportHandler setErrorReportHandler(ErrorReportHandler handler);
 
 // The error-report operation: one log line, then the installed handler.
 void reportError(int number, const QString &description, const QString &source);

@@ -10,19 +10,6 @@
 namespace kwFieldDeck {
 
 namespace {
-bool &defaultUserMode()
-{
-    static bool userMode = true;
-    return userMode;
-}
-} // namespace
-
-void setDefaultAmbientUserMode(bool userMode)
-{
-    defaultUserMode() = userMode;
-}
-
-namespace {
 // A user control's few children are found by looking through them; the grid's many by name.
 constexpr qsizetype HashedFrom = 16;
 } // namespace
@@ -67,62 +54,47 @@ Control *ControlCollection::Item(const QString &name) const
     return nullptr;
 }
 
-UserControl::UserControl(QWidget *parent)
-    : QWidget(parent)
+UserControl::UserControl(QWidget *surface)
+    : m_surface(surface)
 {
     // The host surface shows the button face behind its children.
-    QPalette palette = this->palette();
+    QPalette palette = surface->palette();
     palette.setColor(
-        QPalette::Window, toQColor(SystemColor::ButtonFace, QApplication::palette(this)));
-    setPalette(palette);
-    setAutoFillBackground(true);
+        QPalette::Window, toQColor(SystemColor::ButtonFace, QApplication::palette(surface)));
+    surface->setPalette(palette);
+    surface->setAutoFillBackground(true);
+    surface->installEventFilter(this);
 }
 
 UserControl::~UserControl() = default;
 
 Control *UserControl::extender() const
 {
-    return Control::of(this);
+    return Control::of(m_surface);
 }
 
 float UserControl::extenderWidth() const
 {
     if (const Control *outer = extender())
         return outer->Width();
-    return float(width() * twipsPerPixelX());
+    return float(m_surface->width() * twipsPerPixelX());
 }
 
 float UserControl::extenderHeight() const
 {
     if (const Control *outer = extender())
         return outer->Height();
-    return float(height() * twipsPerPixelY());
+    return float(m_surface->height() * twipsPerPixelY());
 }
 
 float UserControl::ScaleWidth() const
 {
-    return float(width() * twipsPerPixelX());
-}
-
-bool UserControl::ambientUserMode() const
-{
-    if (m_userMode >= 0)
-        return m_userMode == 1;
-    for (QWidget *outer = parentWidget(); outer; outer = outer->parentWidget()) {
-        if (auto *container = qobject_cast<UserControl *>(outer))
-            return container->ambientUserMode();
-    }
-    return defaultUserMode();
-}
-
-void UserControl::setAmbientUserMode(bool userMode)
-{
-    m_userMode = userMode ? 1 : 0;
+    return float(m_surface->width() * twipsPerPixelX());
 }
 
 QFont UserControl::ambientFont() const
 {
-    return parentWidget() ? parentWidget()->font() : QApplication::font();
+    return m_surface->parentWidget() ? m_surface->parentWidget()->font() : QApplication::font();
 }
 
 void UserControl::initNew()
@@ -145,6 +117,14 @@ void UserControl::paintThrough(QWidget *child)
 
 bool UserControl::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_surface) {
+        // The surface's own events: its handlers run as its resize and paint handlers would.
+        if (event->type() == QEvent::Resize)
+            UserControl_Resize();
+        else if (event->type() == QEvent::Paint)
+            UserControl_Paint();
+        return false;
+    }
     if (event->type() == QEvent::Paint && !m_paintPending) {
         m_paintPending = true;
         QMetaObject::invokeMethod(
@@ -155,19 +135,7 @@ bool UserControl::eventFilter(QObject *watched, QEvent *event)
             },
             Qt::QueuedConnection);
     }
-    return QWidget::eventFilter(watched, event);
-}
-
-void UserControl::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    UserControl_Resize();
-}
-
-void UserControl::paintEvent(QPaintEvent *event)
-{
-    QWidget::paintEvent(event);
-    UserControl_Paint();
+    return false;
 }
 
 } // namespace kwFieldDeck

@@ -4,6 +4,7 @@
 #include "platform/Colors.h"
 
 #include <QHash>
+#include <QObject>
 #include <QVector>
 #include <QWidget>
 
@@ -41,16 +42,19 @@ private:
     QHash<CaselessKey, Control *> m_byName;
 };
 
-// The base of a user control with a window of its own, as the grid is: a host surface (this
-// widget) with child controls, the extender that its container sees, the property-bag hooks, the
-// property-changed notification and the ambient properties of its host. The editors, which a
-// grid has thousands of, are user controls without windows (WindowlessUserControl).
-class UserControl : public QWidget
+// The base of a user control with a window of its own, as the grid is: it gives its surface
+// widget child controls, the extender that its container sees, the property-bag hooks, the
+// property-changed notification and the ambient properties of its host. The surface's resize
+// and paint events reach the handlers below. The editors, which a grid has thousands of, are
+// user controls without windows (WindowlessUserControl).
+class UserControl : public QObject
 {
     Q_OBJECT
 public:
-    explicit UserControl(QWidget *parent = nullptr);
+    explicit UserControl(QWidget *surface);
     ~UserControl() override;
+
+    QWidget *surface() const { return m_surface; }
 
     // The control its container sees, when it was created as a child control; else null.
     Control *extender() const;
@@ -65,8 +69,8 @@ public:
     void setSurfaceScaleMode(int mode) { m_scaleMode = mode; }
 
     // Ambient properties: whether the host runs (rather than designs), and the host's font.
-    bool ambientUserMode() const;
-    void setAmbientUserMode(bool userMode);
+    bool ambientUserMode() const { return m_userMode; }
+    void setAmbientUserMode(bool userMode) { m_userMode = userMode; }
     QFont ambientFont() const;
 
     // The host's side of persistence: a fresh instance, restoring from a bag, saving to one.
@@ -96,18 +100,14 @@ protected:
     void paintThrough(QWidget *child);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
 
 private:
+    QWidget *m_surface;
     QObject m_controlsOwner;
     ControlCollection m_controls { &m_controlsOwner };
     int m_scaleMode = 1;
-    int m_userMode = -1; // -1: ask the container
+    bool m_userMode = true;
     bool m_paintPending = false;
 };
-
-// The run mode that user controls report when neither they nor a container say otherwise.
-void setDefaultAmbientUserMode(bool userMode);
 
 } // namespace kwFieldDeck

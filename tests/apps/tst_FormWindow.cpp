@@ -2,9 +2,9 @@
 
 #include "FormWindow.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include <kwFieldDeck/Field>
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QDialogButtonBox>
 #include <QLabel>

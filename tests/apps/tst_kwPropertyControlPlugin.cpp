@@ -1,6 +1,6 @@
 // Loads the Designer plugin as Qt Designer does and creates the grid through it.
 
-#include "grid/kwPropertyControl.h"
+#include <kwFieldDeck/kwPropertyControl>
 
 #include "ui_GridForm.h"
 
@@ -28,7 +28,7 @@ private slots:
     {
         QCOMPARE(m_plugin->group(), QStringLiteral("kwFieldDeck"));
         QCOMPARE(m_plugin->name(), QStringLiteral("kwFieldDeck::kwPropertyControl"));
-        QCOMPARE(m_plugin->includeFile(), QStringLiteral("grid/kwPropertyControl.h"));
+        QCOMPARE(m_plugin->includeFile(), QStringLiteral("kwFieldDeck/kwPropertyControl"));
         QVERIFY(!m_plugin->icon().pixmap(32, 32).isNull());
         // The widget Designer places names the same class.
         QXmlStreamReader xml(m_plugin->domXml());

@@ -11,12 +11,18 @@ prefix=$scratch/prefix
 
 libdir=$(dirname "$(find "$prefix" -name 'libkwfielddeck.so' -print -quit)")
 for installed in "$libdir/libkwfielddeck.so" \
-                 "$prefix/include/kwfielddeck/grid/kwPropertyControl.h" \
+                 "$prefix/include/kwFieldDeck/kwPropertyControl" \
+                 "$prefix/include/kwFieldDeck/kwfielddeck_export.h" \
                  "$libdir/cmake/kwFieldDeck/kwFieldDeckConfig.cmake" \
                  "$libdir/pkgconfig/kwfielddeck.pc" \
                  "$prefix/bin/kwfielddeck-form"; do
     [ -e "$installed" ] || { echo "not installed: $installed" >&2; exit 1; }
 done
+# Only the public headers: no private header and no subsystem folder.
+if find "$prefix/include" -name '*_p.h' -o -mindepth 2 -type d | grep . >&2; then
+    echo "internal headers installed" >&2
+    exit 1
+fi
 if [ -e "$build/designer" ] && ls "$build"/designer/*.so >/dev/null 2>&1; then
     plugin=$libdir/qt6/plugins/designer/libkwfielddeck-designer.so
     [ -e "$plugin" ] || { echo "Designer plugin not installed: $plugin" >&2; exit 1; }

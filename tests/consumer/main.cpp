@@ -1,8 +1,8 @@
 // A host of the grid: fields from code and from a definition string, values read back.
 
-#include <fieldmodel/Field.h>
-#include <fieldmodel/Fields.h>
-#include <grid/kwPropertyControl.h>
+#include <kwFieldDeck/Field>
+#include <kwFieldDeck/Fields>
+#include <kwFieldDeck/kwPropertyControl>
 
 #include <QApplication>
 
@@ -12,7 +12,6 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     kwFieldDeck::kwPropertyControl grid;
-    grid.initNew();
     grid.resize(400, 200);
     grid.Fields()->Add(QStringLiteral("Answer"), kwFieldDeck::ftText, 0, QStringLiteral("42"));
     grid.ReadDef(QStringLiteral("ADDFIELD Colour\r\nTYPE=COMBO\r\nVALUE=2\r\nADDCOMBOITEMS\r\n"

@@ -3,7 +3,7 @@
 #include "grid/GridHost.h"
 
 #include "editors/kwComboField.h"
-#include "fieldmodel/DropDownValues.h"
+#include "fieldmodel/DropDownValues_p.h"
 #include "platform/ComboBox.h"
 
 #include <QtTest>
@@ -45,7 +45,7 @@ private slots:
         for (int i = 0; i < keys.size(); ++i)
             QCOMPARE(values->Add(keys[i], QStringLiteral("entry %1").arg(i))->Key(), storedKeys[i]);
         QCOMPARE(values->UseComboItemData(), flag);
-        ComboBox *list = field->ValueComboBox()->ComboControl();
+        ComboBox *list = FieldPrivate::get(field)->ValueComboBox()->ComboControl();
         QCOMPARE(list->ListCount(), keys.size());
         for (int i = 0; i < keys.size(); ++i) {
             QCOMPARE(list->List(i), QStringLiteral("entry %1").arg(i));
@@ -72,7 +72,7 @@ private slots:
         values->Remove("fast");
         QCOMPARE(values->Count(), 1);
         // Removed entries still show in the list until the editor is rebuilt: intended.
-        QCOMPARE(field->ValueComboBox()->ComboControl()->ListCount(), 3);
+        QCOMPARE(FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListCount(), 3);
         // The key counter is never reset, and a removed key can be used again.
         QCOMPARE(values->Add({}, "Two")->Key(), QStringLiteral("2"));
         QVERIFY(values->Add("FAST", "Fast again"));
@@ -86,7 +86,7 @@ private slots:
         values->Add("A", "First");
         test::ErrorRecorder errors;
         QVERIFY(!values->Add("a", "Second"));
-        QCOMPARE(field->ValueComboBox()->ComboControl()->ListCount(), 1);
+        QCOMPARE(FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListCount(), 1);
         for (const QVariant &missing : { QVariant("nothing"), QVariant(0), QVariant(2) }) {
             QVERIFY(!values->Item(missing));
             values->Remove(missing);

@@ -5,7 +5,8 @@
 #include "editors/kwComboField.h"
 #include "editors/kwSimpleCheck.h"
 #include "editors/kwSliderValue.h"
-#include "fieldmodel/DropDownValues.h"
+#include "fieldmodel/DropDownValues_p.h"
+#include "fieldmodel/lFieldTypes_p.h"
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"
 
@@ -23,19 +24,21 @@ static QString shownBy(Field *field)
 {
     switch (field->FieldType()) {
     case ftText:
-        return field->ValueTextBox()->Text();
+        return FieldPrivate::get(field)->ValueTextBox()->Text();
     case ftNumeric:
-        return field->ValueNumeric()->Text();
+        return FieldPrivate::get(field)->ValueNumeric()->Text();
     case ftCheckBox:
-        return QString::number(field->ValueCheckBox()->Value());
+        return QString::number(FieldPrivate::get(field)->ValueCheckBox()->Value());
     case ftCombo:
-        return QString::number(field->ValueComboBox()->ComboControl()->ListIndex());
+        return QString::number(
+            FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListIndex());
     case ftDate:
-        return field->ValueDate()->Value().toDate().toString(Qt::ISODate);
+        return FieldPrivate::get(field)->ValueDate()->Value().toDate().toString(Qt::ISODate);
     case ftSlider:
-        return QString::number(field->ValueSlider()->Value());
+        return QString::number(FieldPrivate::get(field)->ValueSlider()->Value());
+    default:
+        return QString();
     }
-    return QString();
 }
 
 class tst_Field : public QObject
@@ -47,10 +50,10 @@ private slots:
     {
         GridHost host;
         Field *field = host.add("Port");
-        const int controls = host.grid->Controls().Count();
+        const int controls = kwPropertyControlPrivate::get(host.grid)->Controls().Count();
         test::MessageRecorder messages;
         field->setFieldType(ftText);
-        QCOMPARE(host.grid->Controls().Count(), controls);
+        QCOMPARE(kwPropertyControlPrivate::get(host.grid)->Controls().Count(), controls);
         field->setFieldType(ftNumeric);
         const QString warning
             = "Field:Port\r\nCan't Change Field Type once it has already been set!";
@@ -59,8 +62,9 @@ private slots:
         QCOMPARE(messages.messages.last().title, QString());
         QCOMPARE(field->FieldType(), qint32(ftNumeric));
         // The earlier editor stays on the grid and stays referenced: intended.
-        QCOMPARE(host.grid->Controls().Count(), controls + 2);
-        QVERIFY(field->ValueTextBox() && field->ValueNumeric());
+        QCOMPARE(kwPropertyControlPrivate::get(host.grid)->Controls().Count(), controls + 2);
+        QVERIFY(
+            FieldPrivate::get(field)->ValueTextBox() && FieldPrivate::get(field)->ValueNumeric());
     }
 
     void valueFollowsTheConventionOfItsType_data()
@@ -118,8 +122,9 @@ private slots:
         Field *field = host.add("Enabled", ftCheckBox);
         QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
         QSignalSpy fieldChanged(field, &Field::Changed);
-        QTest::mouseClick(field->ValueCheckBox()->extender()->widget(), Qt::LeftButton);
-        QCOMPARE(field->ValueCheckBox()->Value(), qint16(1));
+        QTest::mouseClick(
+            FieldPrivate::get(field)->ValueCheckBox()->extender()->widget(), Qt::LeftButton);
+        QCOMPARE(FieldPrivate::get(field)->ValueCheckBox()->Value(), qint16(1));
         QCOMPARE(gridChanged.count(), 1);
         QCOMPARE(fieldChanged.count(), 1);
         const QVariant changedTo = fieldChanged.first().first();
@@ -134,17 +139,17 @@ private slots:
         Field *slider = host.add("Level", ftSlider);
         slider->setMin(2);
         slider->setMax("50");
-        QCOMPARE(slider->ValueSlider()->Min(), 2);
-        QCOMPARE(slider->ValueSlider()->Max(), 50);
+        QCOMPARE(FieldPrivate::get(slider)->ValueSlider()->Min(), 2);
+        QCOMPARE(FieldPrivate::get(slider)->ValueSlider()->Max(), 50);
         Field *field = host.add("Start", ftDate, "2024-03-01");
-        const QDate latest = field->ValueDate()->MaxDate();
+        const QDate latest = FieldPrivate::get(field)->ValueDate()->MaxDate();
         // Min is still the number 0, not a date, so Max does not reach the picker: intended.
         field->setMax(QDate(2030, 1, 1));
-        QCOMPARE(field->ValueDate()->MaxDate(), latest);
+        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MaxDate(), latest);
         field->setMin(QDate(2020, 1, 1));
-        QCOMPARE(field->ValueDate()->MinDate(), QDate(2020, 1, 1));
+        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MinDate(), QDate(2020, 1, 1));
         field->setMax(QDate(2030, 1, 1));
-        QCOMPARE(field->ValueDate()->MaxDate(), QDate(2030, 1, 1));
+        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MaxDate(), QDate(2030, 1, 1));
     }
 
     void sizeKeepsTextSetByTheProgramWhole_data()
@@ -169,8 +174,8 @@ private slots:
         QVERIFY(field);
         if (how == "Value")
             field->setValue(value);
-        QCOMPARE(field->ValueTextBox()->MaxLength(), 5);
-        QCOMPARE(field->ValueTextBox()->Text(), value);
+        QCOMPARE(FieldPrivate::get(field)->ValueTextBox()->MaxLength(), 5);
+        QCOMPARE(FieldPrivate::get(field)->ValueTextBox()->Text(), value);
         QCOMPARE(field->Value(), textValue(value));
     }
 
@@ -206,7 +211,7 @@ private slots:
         GridHost host;
         QVERIFY(host.shown);
         Field *field = host.grid->Fields()->Add("Code", ftText, 5, before);
-        QLineEdit *edit = field->ValueTextBox()->lineEdit();
+        QLineEdit *edit = FieldPrivate::get(field)->ValueTextBox()->lineEdit();
         field->SetFocus();
         QTRY_VERIFY(edit->hasFocus());
         edit->setSelection(selStart, selLength);
@@ -237,20 +242,20 @@ private slots:
         GridHost host;
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
-        const OleColor dateBack = date->ValueDate()->BackColor();
+        const OleColor dateBack = FieldPrivate::get(date)->ValueDate()->BackColor();
         for (Field *field : { text, date }) {
             field->setEnabled(false);
             field->setVisible(false);
             field->setBackColor(0x00FFEEDD);
-            QVERIFY(!field->FieldNameControl()->Enabled());
-            QVERIFY(!field->FieldNameControl()->Visible());
-            QVERIFY(!field->EditorControl()->Visible());
+            QVERIFY(!FieldPrivate::get(field)->FieldNameControl()->Enabled());
+            QVERIFY(!FieldPrivate::get(field)->FieldNameControl()->Visible());
+            QVERIFY(!FieldPrivate::get(field)->EditorControl()->Visible());
         }
-        QVERIFY(!text->ValueTextBox()->Enabled());
-        QVERIFY(!date->ValueDate()->Enabled());
-        QCOMPARE(text->ValueTextBox()->BackColor(), OleColor(0x00FFEEDD));
+        QVERIFY(!FieldPrivate::get(text)->ValueTextBox()->Enabled());
+        QVERIFY(!FieldPrivate::get(date)->ValueDate()->Enabled());
+        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->BackColor(), OleColor(0x00FFEEDD));
         // The date picker keeps its own colours: intended.
-        QCOMPARE(date->ValueDate()->BackColor(), dateBack);
+        QCOMPARE(FieldPrivate::get(date)->ValueDate()->BackColor(), dateBack);
     }
 
     void membersForOtherTypesOnATextField()
@@ -268,7 +273,7 @@ private slots:
         // Min moves the focus to a text field's box, and Filter goes to the file selector
         // unguarded, so a text field reports it: both intended.
         text->setMin(1);
-        QVERIFY(text->ValueTextBox()->hasFocus());
+        QVERIFY(FieldPrivate::get(text)->ValueTextBox()->hasFocus());
         text->setFilter("Text|*.txt");
         QCOMPARE(errors.sources(), QStringList { "Property 'Filter' of Class Module 'Field'" });
         QCOMPARE(errors.errors.first().number, 91);
@@ -279,15 +284,15 @@ private slots:
         GridHost host;
         Field *text = host.add("Host");
         Field *memo = host.add("Notes", ftMemo);
-        TextBox *editor = text->ValueTextBox();
-        QCOMPARE(text->EditField(), editor);
-        QVERIFY(memo->Memo());
-        QVERIFY(!memo->EditField());
+        TextBox *editor = FieldPrivate::get(text)->ValueTextBox();
+        QCOMPARE(FieldPrivate::get(text)->EditField(), editor);
+        QVERIFY(FieldPrivate::get(memo)->Memo());
+        QVERIFY(!FieldPrivate::get(memo)->EditField());
         // Kill only lets go of the editor; the row's controls stay on the grid.
-        text->Kill();
-        QVERIFY(!text->ValueTextBox());
+        FieldPrivate::get(text)->Kill();
+        QVERIFY(!FieldPrivate::get(text)->ValueTextBox());
         QVERIFY(editor->Visible());
-        QVERIFY(text->FieldNameControl());
+        QVERIFY(FieldPrivate::get(text)->FieldNameControl());
     }
 
     void editorsAreNamedForScreenReaders_data()
@@ -307,7 +312,7 @@ private slots:
         // The row's editor is the last control the grid created; every part that takes the focus
         // must say which field it edits.
         Control *editor = nullptr;
-        for (Control *control : host.grid->Controls())
+        for (Control *control : kwPropertyControlPrivate::get(host.grid)->Controls())
             editor = control;
         QWidget *root = editor->widget();
         QList<QWidget *> parts = root->findChildren<QWidget *>();

@@ -39,8 +39,8 @@ private slots:
         GridHost host;
         Field *numeric = host.grid->Fields()->Add("Port", ftNumeric, 5);
         QCOMPARE(numeric->Value(), doubleValue(0));
-        QCOMPARE(numeric->ValueNumeric()->Text(), QStringLiteral("0"));
-        QCOMPARE(numeric->ValueNumeric()->MaxLength(), 0);
+        QCOMPARE(FieldPrivate::get(numeric)->ValueNumeric()->Text(), QStringLiteral("0"));
+        QCOMPARE(FieldPrivate::get(numeric)->ValueNumeric()->MaxLength(), 0);
     }
 
     void missingItemIsReportedAndNull()
@@ -66,15 +66,15 @@ private slots:
         Fields *fields = host.grid->Fields();
         QPointer<Field> first = fields->Item(1);
         Field *last = fields->Item(3);
-        TextBox *editor = first->ValueTextBox();
+        TextBox *editor = FieldPrivate::get(first)->ValueTextBox();
         fields->Remove("ROW1");
         QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row2"));
         // The rows below keep their places until the next layout: intended.
-        QCOMPARE(fields->Item(1)->FieldNameControl()->Top(), 300.0f);
+        QCOMPARE(FieldPrivate::get(fields->Item(1))->FieldNameControl()->Top(), 300.0f);
         QCOMPARE(host.picInner()->Height(), 900.0f);
-        QVERIFY(!first->FieldNameControl()->Visible());
+        QVERIFY(!FieldPrivate::get(first)->FieldNameControl()->Visible());
         QVERIFY(!editor->Visible());
-        QVERIFY(!first->ValueTextBox());
+        QVERIFY(!FieldPrivate::get(first)->ValueTextBox());
         // The editor is still on the grid, but no longer tells the field anything.
         QSignalSpy changed(first.data(), &Field::Changed);
         editor->setText("typed");
@@ -84,10 +84,10 @@ private slots:
         // Clear hides the rows but keeps their editor references, unlike Remove, and lays out.
         fields->Clear();
         QCOMPARE(fields->Count(), 0);
-        QVERIFY(!last->FieldNameControl()->Visible());
-        QVERIFY(!last->ValueTextBox()->Visible());
+        QVERIFY(!FieldPrivate::get(last)->FieldNameControl()->Visible());
+        QVERIFY(!FieldPrivate::get(last)->ValueTextBox()->Visible());
         QCOMPARE(host.picInner()->Height(), 0.0f);
-        QCOMPARE(host.add("Again")->FieldNameControl()->Top(), 0.0f);
+        QCOMPARE(FieldPrivate::get(host.add("Again"))->FieldNameControl()->Top(), 0.0f);
     }
 
     void addWithoutGridIsReported()

@@ -6,9 +6,9 @@
 
 #include "FuzzSupport.h"
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
+#include "grid/kwPropertyControl_p.h"
 #include "platform/ClassFactory.h"
 #include "platform/Control.h"
 #include "platform/MessageBox.h"

@@ -2,9 +2,9 @@
 
 // A window holding one grid, created as its container sees it: its outer size in twips is exact.
 
-#include "fieldmodel/Field.h"
-#include "fieldmodel/Fields.h"
-#include "grid/kwPropertyControl.h"
+#include "fieldmodel/Field_p.h"
+#include "fieldmodel/Fields_p.h"
+#include "grid/kwPropertyControl_p.h"
 #include "platform/ClassFactory.h"
 #include "platform/Control.h"
 #include "platform/PictureBox.h"
@@ -65,10 +65,11 @@ public:
         return names;
     }
 
-    PictureBox *picInner() const { return grid->InnerPicBox(); }
+    PictureBox *picInner() const { return kwPropertyControlPrivate::get(grid)->InnerPicBox(); }
     VScrollBar *scrollBar() const
     {
-        return static_cast<VScrollBar *>(grid->Controls().Item(QStringLiteral("VScroll1")));
+        return static_cast<VScrollBar *>(
+            kwPropertyControlPrivate::get(grid)->Controls().Item(QStringLiteral("VScroll1")));
     }
 
     QWidget window;

@@ -7,7 +7,7 @@
 #include "memo/ModalShowDriver.h"
 
 #include "editors/kwEditorControl.h"
-#include "fieldmodel/DropDownValues.h"
+#include "fieldmodel/DropDownValues_p.h"
 #include "platform/Dialogs.h"
 
 #include <QApplication>
@@ -132,7 +132,10 @@ public:
             addOfType(kind.type, QLatin1String(kind.name) + suffix);
     }
 
-    static QWidget *editorOf(const Field *field) { return field->EditorControl()->widget(); }
+    static QWidget *editorOf(const Field *field)
+    {
+        return FieldPrivate::get(field)->EditorControl()->widget();
+    }
 
     // The field whose editor holds the focus, or null.
     Field *focusedField() const
@@ -140,7 +143,7 @@ public:
         const QWidget *focus = QApplication::focusWidget();
         for (Field *field : *grid->Fields()) {
             // Only a realized row can hold the focus; asking no other keeps rows data.
-            const QWidget *editor = field->EditorControl()->realizedWidget();
+            const QWidget *editor = FieldPrivate::get(field)->EditorControl()->realizedWidget();
             if (focus && editor && (focus == editor || editor->isAncestorOf(focus)))
                 return field;
         }
@@ -152,7 +155,8 @@ public:
     {
         QVector<Field *> rows;
         for (Field *field : *grid->Fields()) {
-            if (field->FieldNameControl()->BackColor() != grid->FieldNameBackColor())
+            if (FieldPrivate::get(field)->FieldNameControl()->BackColor()
+                != grid->FieldNameBackColor())
                 rows << field;
         }
         return rows;
@@ -162,14 +166,14 @@ public:
     static QVector<Control *> focusableParts(const Field *field)
     {
         QVector<Control *> parts;
-        if (auto *editor
-            = qobject_cast<kwEditorControl *>(WindowlessUserControl::of(field->EditorControl()))) {
+        if (auto *editor = qobject_cast<kwEditorControl *>(
+                WindowlessUserControl::of(FieldPrivate::get(field)->EditorControl()))) {
             for (Control *child : editor->Controls()) {
                 if (child->widget()->focusPolicy() & Qt::ClickFocus)
                     parts << child;
             }
         } else {
-            parts << field->EditorControl();
+            parts << FieldPrivate::get(field)->EditorControl();
         }
         return parts;
     }

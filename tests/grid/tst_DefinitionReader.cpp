@@ -3,11 +3,11 @@
 #include "GridHost.h"
 
 #include "editors/kwComboField.h"
-#include "fieldmodel/DropDownValue.h"
-#include "fieldmodel/DropDownValues.h"
+#include "fieldmodel/DropDownValues_p.h"
 #include "grid/DefinitionText.h"
 #include "platform/ComboBox.h"
 #include "platform/Values.h"
+#include <kwFieldDeck/DropDownValue.h>
 
 #include <QDir>
 #include <QFile>
@@ -42,8 +42,8 @@ QStringList itemKeys(Field *field)
 QStringList listTexts(Field *field)
 {
     QStringList texts;
-    for (int i = 0; i < field->ValueComboBox()->ComboControl()->ListCount(); ++i)
-        texts << field->ValueComboBox()->ComboControl()->List(i);
+    for (int i = 0; i < FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListCount(); ++i)
+        texts << FieldPrivate::get(field)->ValueComboBox()->ComboControl()->List(i);
     return texts;
 }
 } // namespace
@@ -243,7 +243,8 @@ private slots:
         QCOMPARE(::itemKeys(colour), itemKeys);
         QCOMPARE(listTexts(colour), texts);
         if (keys.contains(QStringLiteral("VALUE=20")))
-            QCOMPARE(colour->ValueComboBox()->ComboControl()->Text(), QStringLiteral("Medium"));
+            QCOMPARE(FieldPrivate::get(colour)->ValueComboBox()->ComboControl()->Text(),
+                QStringLiteral("Medium"));
     }
 
     void loadDefFileReadsTheFileOrReportsWhy_data()

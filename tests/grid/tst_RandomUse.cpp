@@ -61,10 +61,10 @@ QString refusedCharacterShown(const Fields &fields)
     for (Field *field : fields) {
         QString shown;
         if (field->FieldType() == ftNumeric)
-            shown = field->ValueNumeric()->Text();
+            shown = FieldPrivate::get(field)->ValueNumeric()->Text();
         else if (field->FieldType() == ftSlider)
             shown = static_cast<TextBox *>(
-                field->ValueSlider()->Controls().Item(QStringLiteral("txtNum")))
+                FieldPrivate::get(field)->ValueSlider()->Controls().Item(QStringLiteral("txtNum")))
                         ->Text();
         if (!numeric.match(shown).hasMatch())
             return field->Name() + QStringLiteral(": ") + shown;
@@ -113,7 +113,8 @@ private:
     Field *anyField()
     {
         Fields *fields = m_user.grid->Fields();
-        return fields->Count() ? fields->at(pick(fields->Count())) : nullptr;
+        return fields->Count() ? FieldsPrivate::get(fields)->m_fields.at(pick(fields->Count()))
+                               : nullptr;
     }
 
     QString pressKey()
@@ -162,7 +163,7 @@ private:
         QVector<QPair<Field *, Control *>> onScreen;
         for (Field *field : *m_user.grid->Fields()) {
             QVector<Control *> parts = UserGrid::focusableParts(field);
-            parts << field->FieldNameControl();
+            parts << FieldPrivate::get(field)->FieldNameControl();
             for (Control *part : parts) {
                 if (part->widget()->isVisible())
                     onScreen.append({ field, part });

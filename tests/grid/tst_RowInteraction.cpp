@@ -133,8 +133,8 @@ private slots:
                 way == Way::UpFromNext ? Qt::NoModifier : Qt::ShiftModifier);
             break;
         case Way::ClickName:
-            QTest::mouseClick(
-                target->FieldNameControl()->widget(), Qt::LeftButton, {}, QPoint(5, 5));
+            QTest::mouseClick(FieldPrivate::get(target)->FieldNameControl()->widget(),
+                Qt::LeftButton, {}, QPoint(5, 5));
             break;
         case Way::ClickPart: {
             QWidget *widget = partNamed(target, part);
@@ -154,10 +154,13 @@ private slots:
         QCOMPARE(user.highlighted(), QVector<Field *> { target });
         QCOMPARE(user.description.text(), QStringLiteral("About Target"));
         QCOMPARE(user.dialogs, endsOnButton(type, way, part) ? 1 : 0);
-        const QRect inView = user.grid->OuterPicBox()->widget()->rect();
+        const QRect inView
+            = kwPropertyControlPrivate::get(user.grid)->OuterPicBox()->widget()->rect();
         const QWidget *editor = UserGrid::editorOf(target);
-        QVERIFY(inView.contains(QRect(
-            editor->mapTo(user.grid->OuterPicBox()->widget(), QPoint(0, 0)), editor->size())));
+        QVERIFY(inView.contains(
+            QRect(editor->mapTo(kwPropertyControlPrivate::get(user.grid)->OuterPicBox()->widget(),
+                      QPoint(0, 0)),
+                editor->size())));
 
         // Tab moves on within the row's editor, then to the next row.
         for (int tabs = 0; tabs < 2 && user.focusedField() == target; ++tabs)
@@ -179,7 +182,7 @@ private slots:
         before->SetFocus();
         press(Qt::Key_Tab);
         QCOMPARE(user.focusedField(), date);
-        QDateEdit *edit = date->ValueDate()->dateEdit();
+        QDateEdit *edit = FieldPrivate::get(date)->ValueDate()->dateEdit();
         const QDateTimeEdit::Section first = edit->currentSection();
         press(Qt::Key_Right);
         press(Qt::Key_Right);

@@ -57,10 +57,10 @@ private slots:
         }
         // A row without widgets has all of its state.
         Field *far = many.field(QStringLiteral("Row77769"));
-        QVERIFY(!far->EditorControl()->isRealized());
+        QVERIFY(!FieldPrivate::get(far)->EditorControl()->isRealized());
         far->setValue(QStringLiteral("far away"));
         QCOMPARE(far->Value().toString(), QStringLiteral("far away"));
-        QCOMPARE(far->ValueTextBox()->Text(), QStringLiteral("far away"));
+        QCOMPARE(FieldPrivate::get(far)->ValueTextBox()->Text(), QStringLiteral("far away"));
     }
 
     void downWalksPastTheRealizedRows_data()
@@ -80,15 +80,17 @@ private slots:
             host.add(QStringLiteral("Row%1").arg(i), ftText);
         host.grid->Refresh(true);
         Field *first = host.field(QStringLiteral("Row0"));
-        first->ValueTextBox()->SetFocus();
-        QTRY_VERIFY(first->ValueTextBox()->hasFocus());
+        FieldPrivate::get(first)->ValueTextBox()->SetFocus();
+        QTRY_VERIFY(FieldPrivate::get(first)->ValueTextBox()->hasFocus());
         for (int i = 1; i < 150; ++i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
             Field *row = host.field(QStringLiteral("Row%1").arg(i));
-            QTRY_VERIFY2(row->ValueTextBox()->hasFocus(), qPrintable(QString::number(i)));
-            QCOMPARE(row->FieldNameControl()->BackColor(), OleColor(SystemColor::Highlight));
-            const QWidget *box = row->ValueTextBox()->realizedWidget();
-            const QWidget *view = host.grid->OuterPicBox()->widget();
+            QTRY_VERIFY2(
+                FieldPrivate::get(row)->ValueTextBox()->hasFocus(), qPrintable(QString::number(i)));
+            QCOMPARE(FieldPrivate::get(row)->FieldNameControl()->BackColor(),
+                OleColor(SystemColor::Highlight));
+            const QWidget *box = FieldPrivate::get(row)->ValueTextBox()->realizedWidget();
+            const QWidget *view = kwPropertyControlPrivate::get(host.grid)->OuterPicBox()->widget();
             QVERIFY(view->rect().contains(QRect(box->mapTo(view, QPoint()), box->size())));
         }
     }

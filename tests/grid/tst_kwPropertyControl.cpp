@@ -46,12 +46,16 @@ const QList<Persisted> &persisted()
 
 int labelNumber(Field *field)
 {
-    return field->FieldNameControl()->Name().mid(int(qstrlen("FieldName"))).toInt();
+    return FieldPrivate::get(field)
+        ->FieldNameControl()
+        ->Name()
+        .mid(int(qstrlen("FieldName")))
+        .toInt();
 }
 
 QLineEdit *editorOf(Field *field)
 {
-    return static_cast<TextBox *>(field->EditorControl())->lineEdit();
+    return static_cast<TextBox *>(FieldPrivate::get(field)->EditorControl())->lineEdit();
 }
 } // namespace
 
@@ -75,15 +79,17 @@ private slots:
         {
             GridHost host;
             QCOMPARE(host.grid->property(p.name),
-                p.initial.isValid() ? p.initial : QVariant(host.grid->ambientFont()));
-            host.grid->writeProperties(bag);
+                p.initial.isValid()
+                    ? p.initial
+                    : QVariant(kwPropertyControlPrivate::get(host.grid)->ambientFont()));
+            kwPropertyControlPrivate::get(host.grid)->writeProperties(bag);
             QVERIFY(!bag.contains(p.name));
             QVERIFY(host.grid->setProperty(p.name, p.other));
-            host.grid->writeProperties(bag);
+            kwPropertyControlPrivate::get(host.grid)->writeProperties(bag);
             QVERIFY(bag.contains(p.name));
         }
         GridHost host;
-        host.grid->readProperties(bag);
+        kwPropertyControlPrivate::get(host.grid)->readProperties(bag);
         QCOMPARE(host.grid->property(p.name), p.other);
     }
 
@@ -99,10 +105,12 @@ private slots:
         host.grid->setFieldNameForeColor(0x00222222);
         QCOMPARE(host.picInner()->BackColor(), OleColor(0x00FF0000));
         for (Field *field : { text, date, host.add("Later") }) {
-            QCOMPARE(field->FieldNameControl()->Font(), font);
-            QCOMPARE(field->EditorControl()->Font(), font);
-            QCOMPARE(field->FieldNameControl()->BackColor(), OleColor(0x00EEEEEE));
-            QCOMPARE(field->FieldNameControl()->ForeColor(), OleColor(0x00222222));
+            QCOMPARE(FieldPrivate::get(field)->FieldNameControl()->Font(), font);
+            QCOMPARE(FieldPrivate::get(field)->EditorControl()->Font(), font);
+            QCOMPARE(
+                FieldPrivate::get(field)->FieldNameControl()->BackColor(), OleColor(0x00EEEEEE));
+            QCOMPARE(
+                FieldPrivate::get(field)->FieldNameControl()->ForeColor(), OleColor(0x00222222));
         }
     }
 
@@ -133,16 +141,17 @@ private slots:
         test::ErrorRecorder errors;
         Field *field = host.add("Value", lFieldTypes(type), {}, "About");
         QVERIFY2(errors.errors.isEmpty(), qPrintable(errors.sources().join(", ")));
-        Control *editor = host.grid->Controls().Item(prefix + QString::number(labelNumber(field)));
+        Control *editor = kwPropertyControlPrivate::get(host.grid)->Controls().Item(
+            prefix + QString::number(labelNumber(field)));
         QVERIFY(editor);
-        QCOMPARE(field->EditorControl(), editor);
-        QCOMPARE(
-            QByteArray(field->EditField()->metaObject()->className()), "kwFieldDeck::" + className);
+        QCOMPARE(FieldPrivate::get(field)->EditorControl(), editor);
+        QCOMPARE(QByteArray(FieldPrivate::get(field)->EditField()->metaObject()->className()),
+            "kwFieldDeck::" + className);
         QCOMPARE(editor->Container(), host.picInner()->widget());
-        QCOMPARE(editor->Top(), field->FieldNameControl()->Top());
+        QCOMPARE(editor->Top(), FieldPrivate::get(field)->FieldNameControl()->Top());
         QCOMPARE(editor->Left(), 725.0f);
         QCOMPARE(editor->Height(), 315.0f);
-        TextBox *cell = field->FieldNameControl();
+        TextBox *cell = FieldPrivate::get(field)->FieldNameControl();
         QCOMPARE(cell->Text(), QStringLiteral("Value "));
         QCOMPARE(cell->ToolTipText(), QStringLiteral("About"));
         QVERIFY(cell->Locked() && !cell->TabStop());
@@ -158,8 +167,8 @@ private slots:
         Field *again = first.add("A");
         QCOMPARE(labelNumber(b), labelNumber(a) + 1);
         QCOMPARE(labelNumber(again), labelNumber(a) + 2);
-        QCOMPARE(
-            again->ValueTextBox()->Name(), QStringLiteral("TextBox%1").arg(labelNumber(again)));
+        QCOMPARE(FieldPrivate::get(again)->ValueTextBox()->Name(),
+            QStringLiteral("TextBox%1").arg(labelNumber(again)));
     }
 
     void editorThatCannotBeCreatedIsReportedAndLeavesTheLabel()
@@ -172,13 +181,13 @@ private slots:
         test::MessageRecorder messages;
         Field *field = host.add("Level", ftSlider);
         registerEditor<kwSliderValue>("kwSliderValue");
-        QVERIFY(field && !field->ValueSlider());
+        QVERIFY(field && !FieldPrivate::get(field)->ValueSlider());
         QVERIFY(!errors.errors.isEmpty());
         QCOMPARE(errors.errors.first().number, int(ErrCannotCreateObject));
         QCOMPARE(errors.errors.first().source,
             QStringLiteral("Function 'AddSliderValue' of User Control 'kwPropertyControl'"));
-        QVERIFY(field->FieldNameControl()->Visible());
-        QCOMPARE(field->FieldNameControl()->Text(), QStringLiteral("Level "));
+        QVERIFY(FieldPrivate::get(field)->FieldNameControl()->Visible());
+        QCOMPARE(FieldPrivate::get(field)->FieldNameControl()->Text(), QStringLiteral("Level "));
     }
 
     void rowsShareOneBorderLine_data()
@@ -203,8 +212,8 @@ private slots:
         QList<float> nameTops, editorTops;
         for (Field *field : *host.grid->Fields()) {
             if (field->Visible()) {
-                nameTops << field->FieldNameControl()->Top();
-                editorTops << field->ValueTextBox()->Top();
+                nameTops << FieldPrivate::get(field)->FieldNameControl()->Top();
+                editorTops << FieldPrivate::get(field)->ValueTextBox()->Top();
             }
         }
         QCOMPARE(nameTops, tops);
@@ -270,16 +279,16 @@ private slots:
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
         // The date picker is created 10 twips wider than the other editors (intended).
-        QCOMPARE(date->ValueDate()->Left(), 725.0f);
-        QCOMPARE(date->ValueDate()->Width(), 2965.0f);
+        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Left(), 725.0f);
+        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Width(), 2965.0f);
         if (nameWidth > 0)
             host.grid->setFieldNameWidth(nameWidth);
-        QCOMPARE(text->FieldNameControl()->Width(), left + 25);
-        QCOMPARE(text->ValueTextBox()->Left(), left);
-        QCOMPARE(text->ValueTextBox()->Width(), width);
+        QCOMPARE(FieldPrivate::get(text)->FieldNameControl()->Width(), left + 25);
+        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->Left(), left);
+        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->Width(), width);
         // A full layout gives the date picker the same margin as the others.
         host.grid->Refresh(true);
-        QCOMPARE(date->ValueDate()->Width(), width);
+        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Width(), width);
     }
 
     void typingRaisesChangedPerAcceptedKey_data()
@@ -338,7 +347,8 @@ private slots:
         host.addRows(10);
         host.grid->Refresh(true);
         Field *target = host.grid->Fields()->Item(8);
-        QTest::mouseClick(target->FieldNameControl()->lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+        QTest::mouseClick(FieldPrivate::get(target)->FieldNameControl()->lineEdit(), Qt::LeftButton,
+            {}, QPoint(5, 5));
         QCoreApplication::processEvents();
         // Row 8 ends at 7 * 300 + 315 = 2415; the viewport is 1215 high: four rows down.
         QCOMPARE(host.grid->FirstRow(), qint16(4));
@@ -352,15 +362,19 @@ private slots:
         host.addRows(200);
         host.grid->Refresh(true);
         auto shown = [&](int row) {
-            return host.grid->Fields()->Item(row)->ValueTextBox()->widget()->isVisible();
+            return FieldPrivate::get(host.grid->Fields()->Item(row))
+                ->ValueTextBox()
+                ->widget()
+                ->isVisible();
         };
         // The view of 1215 twips and one view's reach below it end at 2430: rows 1 to 9 (top 2400).
         QVERIFY(shown(1) && shown(9) && !shown(10) && !shown(200));
         Field *last = host.grid->Fields()->Item(200);
-        QVERIFY(last->ValueTextBox()->Visible());
+        QVERIFY(FieldPrivate::get(last)->ValueTextBox()->Visible());
         // Rows out of view keep their container; the canvas itself holds only the rows near it.
-        QCOMPARE(last->ValueTextBox()->Container(), host.picInner()->widget());
-        QCOMPARE(last->FieldNameControl()->Container(), host.picInner()->widget());
+        QCOMPARE(FieldPrivate::get(last)->ValueTextBox()->Container(), host.picInner()->widget());
+        QCOMPARE(
+            FieldPrivate::get(last)->FieldNameControl()->Container(), host.picInner()->widget());
         QVERIFY(host.picInner()->widget()->children().size() < 30);
         host.grid->setFirstRow(150);
         // The view starts at 45000; its reach covers rows 146 (top 43500) to 159 (top 47400).
@@ -374,8 +388,10 @@ private slots:
         QCOMPARE(stacked.size(), 2 * 14);
         for (int row = 146; row <= 159; ++row) {
             const int at = 2 * (row - 146);
-            QCOMPARE(stacked.at(at), host.grid->Fields()->Item(row)->FieldNameControl()->widget());
-            QCOMPARE(stacked.at(at + 1), host.grid->Fields()->Item(row)->ValueTextBox()->widget());
+            QCOMPARE(stacked.at(at),
+                FieldPrivate::get(host.grid->Fields()->Item(row))->FieldNameControl()->widget());
+            QCOMPARE(stacked.at(at + 1),
+                FieldPrivate::get(host.grid->Fields()->Item(row))->ValueTextBox()->widget());
         }
         // The focus brings a row that is out of view into it.
         last->SetFocus();
@@ -386,7 +402,7 @@ private slots:
         // Scrolling away from the row with the focus leaves the focus where it is.
         host.grid->setFirstRow(0);
         QCoreApplication::processEvents();
-        QVERIFY(last->ValueTextBox()->hasFocus());
+        QVERIFY(FieldPrivate::get(last)->ValueTextBox()->hasFocus());
         QCOMPARE(host.grid->FirstRow(), qint16(0));
         QVERIFY(shown(1) && !shown(199));
     }
@@ -406,8 +422,10 @@ private slots:
         for (const QSize size : { window.size(), QSize(1, 1) }) {
             window.resize(size);
             QTRY_VERIFY(grid->height() >= twipsToPixelsY(3 * grid->RowHeight()));
-            const TextBox *lastLabel = grid->Fields()->Item(3)->FieldNameControl();
-            QVERIFY(lastLabel->Top() + lastLabel->Height() <= grid->OuterPicBox()->Height());
+            const TextBox *lastLabel
+                = FieldPrivate::get(grid->Fields()->Item(3))->FieldNameControl();
+            QVERIFY(lastLabel->Top() + lastLabel->Height()
+                <= kwPropertyControlPrivate::get(grid)->OuterPicBox()->Height());
             QVERIFY(grid->width() >= twipsToPixelsX(grid->FieldNameWidth() + 1500));
             QVERIFY(editorOf(grid->Fields()->Item(3))->width() >= twipsToPixelsX(1000));
         }
@@ -429,9 +447,10 @@ private slots:
             errors.sources(), QStringList { "Sub 'Refresh' of User Control 'kwPropertyControl'" });
         host.grid->setRowHeight(400);
         host.grid->Refresh(true);
-        QCOMPARE(second->FieldNameControl()->Top(), 300.0f);
+        QCOMPARE(FieldPrivate::get(second)->FieldNameControl()->Top(), 300.0f);
         host.grid->update();
-        QTRY_VERIFY((host.grid->Refresh(true), second->FieldNameControl()->Top() == 385.0f));
+        QTRY_VERIFY((host.grid->Refresh(true),
+            FieldPrivate::get(second)->FieldNameControl()->Top() == 385.0f));
     }
 
     // Arriving at rows every way is the interaction test's; here, a description label that is

@@ -1,99 +1,42 @@
 #pragma once
 
-#include "fieldmodel/lFieldTypes.h"
+#include <kwFieldDeck/Field.h>
+
 #include "platform/Colors.h"
 
 #include <QFont>
-#include <QObject>
-#include <QVariant>
+#include <QVariantList>
 
 namespace kwFieldDeck {
 
 class Control;
 class DatePicker;
-class DropDownValues;
+class FieldHost;
 class Fields;
 class TextBox;
 class kwComboField;
 class kwFileSelectorField;
 class kwFolderSelectorField;
 class kwMemoField;
-class kwPropertyControl;
 class kwSimpleCheck;
 class kwSliderValue;
 
-// One row of the grid: a name, a type, a value, limits and look, and the two controls that show
-// it (the name cell and the editor that suits the type). The field keeps its value current while
-// the user edits and tells its grid of every edit.
-class Field : public QObject
+// What a field keeps: its properties, the two controls that show it (the name cell and the
+// editor of its type) and the handlers of their events.
+class FieldPrivate
 {
-    Q_OBJECT
-    Q_PROPERTY(QString Name READ Name WRITE setName)
-    Q_PROPERTY(QString Description READ Description WRITE setDescription)
-    Q_PROPERTY(qint32 Size READ Size WRITE setSize)
-    Q_PROPERTY(qint32 FieldType READ FieldType WRITE setFieldType)
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
-    Q_PROPERTY(QVariant Min READ Min WRITE setMin)
-    Q_PROPERTY(QVariant Max READ Max WRITE setMax)
-    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
-    Q_PROPERTY(bool Visible READ Visible WRITE setVisible)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
-    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
-    Q_PROPERTY(QString InitDir READ InitDir WRITE setInitDir)
-    Q_PROPERTY(QString Title READ Title WRITE setTitle)
-    Q_PROPERTY(QString Filter READ Filter WRITE setFilter)
-    Q_PROPERTY(kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues CONSTANT)
 public:
-    explicit Field(QObject *parent = nullptr);
-    ~Field() override;
+    Q_DECLARE_PUBLIC(Field)
 
-    QString Name() const { return m_Name; }
-    void setName(const QString &name);
-    QString Description() const { return m_Description; }
-    void setDescription(const QString &description);
-    qint32 Size() const { return m_Size; }
-    void setSize(qint32 size);
-    qint32 FieldType() const { return m_FieldType; }
-    void setFieldType(qint32 type);
+    explicit FieldPrivate(Field *field);
 
-    QVariant Value() const;
-    void setValue(const QVariant &value);
-    // The reference assignment: stores an object as the value and leaves every editor alone.
-    void setValueObject(QObject *object);
+    static FieldPrivate *get(Field *field) { return field->d_func(); }
+    static const FieldPrivate *get(const Field *field) { return field->d_func(); }
 
-    QVariant Min() const { return m_Min; }
-    void setMin(const QVariant &min);
-    QVariant Max() const { return m_Max; }
-    void setMax(const QVariant &max);
-
-    bool Enabled() const { return m_Enabled; }
-    void setEnabled(bool enabled);
-    bool Visible() const { return m_Visible; }
-    void setVisible(bool visible);
-    OleColor ForeColor() const { return m_ForeColor; }
-    void setForeColor(OleColor color);
-    OleColor BackColor() const { return m_BackColor; }
-    void setBackColor(OleColor color);
-
-    QString InitDir() const;
-    void setInitDir(const QString &dir);
-    QString Title() const;
-    void setTitle(const QString &title);
-    QString Filter() const;
-    void setFilter(const QString &filter);
-
-    // Made when first asked for: most fields never have a list.
-    kwFieldDeck::DropDownValues *DropDownValues() const;
-
-    Q_INVOKABLE void SetFocus();
-
-    // Library-internal members.
     Fields *ParentClass() const { return m_ParentClass; }
     void setParentClass(Fields *fields) { m_ParentClass = fields; }
     TextBox *FieldNameControl() const { return m_FieldNameControl; }
     void setFieldNameControl(TextBox *label);
-    bool UseItemData() const { return m_UseItemData; }
-    void setUseItemData(bool use) { m_UseItemData = use; }
     void setFont(const QFont &font);
     QObject *EditField() const;
     void Kill();
@@ -121,12 +64,46 @@ public:
     // own editors, the control their container sees), or null.
     Control *EditorControl() const;
 
-signals:
-    void Changed(const QVariant &Value);
+    // The properties behind the public accessors.
+    void setName(const QString &name);
+    void setDescription(const QString &description);
+    void setSize(qint32 size);
+    void setFieldType(qint32 type);
+    QVariant Value() const;
+    void setValue(const QVariant &value);
+    void setMin(const QVariant &min);
+    void setMax(const QVariant &max);
+    void setEnabled(bool enabled);
+    void setVisible(bool visible);
+    void setForeColor(OleColor color);
+    void setBackColor(OleColor color);
+    QString InitDir() const;
+    void setInitDir(const QString &dir);
+    QString Title() const;
+    void setTitle(const QString &title);
+    QString Filter() const;
+    void setFilter(const QString &filter);
+    kwFieldDeck::DropDownValues *DropDownValues() const;
+    void SetFocus();
+
+    QString m_Name;
+    QString m_Description;
+    qint32 m_Size = 0;
+    qint32 m_FieldType = 0;
+    QVariant m_Value;
+    QVariant m_Min;
+    QVariant m_Max;
+    bool m_Visible = true;
+    bool m_Enabled = true;
+    OleColor m_BackColor = 0xFFFFFF;
+    OleColor m_ForeColor = 0;
 
 private:
-    kwPropertyControl *Grid() const;
-    void createEditor(kwPropertyControl *grid);
+    FieldHost *Grid() const;
+    void createEditor(FieldHost *grid);
+    // The host's write: the editor shows the value, then the change chain runs for each change
+    // the editor reported, as for the user's edits.
+    void writeValue(const QVariant &value);
     void showValueInEditor();
     // The one map from the field's type to its editor reference (null for no type).
     QObject *editorObject() const;
@@ -156,20 +133,12 @@ private:
     void m_ValueCheckBox_KeyDown(int &KeyCode, int &Shift);
     void m_ValueNumeric_KeyPress(int &KeyAscii);
 
-    QString m_Name;
-    QString m_Description;
-    qint32 m_Size = 0;
-    qint32 m_FieldType = 0;
-    QVariant m_Value;
+    Field *q_ptr;
     mutable kwFieldDeck::DropDownValues *m_DropDownValues = nullptr;
-    QVariant m_Min;
-    QVariant m_Max;
     Fields *m_ParentClass = nullptr;
-    bool m_Visible = true;
-    bool m_Enabled = true;
-    bool m_UseItemData = true;
-    OleColor m_BackColor = 0xFFFFFF;
-    OleColor m_ForeColor = 0;
+    // While the host's value goes into the editor: the changes the editor reports, for the
+    // change chain to run once the editor shows the value.
+    QVariantList *m_heldChanges = nullptr;
 
     TextBox *m_FieldNameControl = nullptr;
     TextBox *m_ValueTextBox = nullptr;

@@ -1,0 +1,177 @@
+#pragma once
+
+#include <kwFieldDeck/lFieldTypes.h>
+
+#include <QObject>
+#include <QVariant>
+
+#include <memory>
+
+/*!
+    \file Field.h
+    \brief One row of the grid.
+*/
+
+namespace kwFieldDeck {
+
+class DropDownValues;
+class FieldPrivate;
+
+/*!
+    \brief One row of the grid: a name, a type, a value, limits and look, shown as a name cell
+    and an editor that suits the type.
+
+    Fields are made by Fields::Add() (or a definition), never by a host's `new`: the grid makes
+    the row's cells together with the field. The field keeps its value current while the user
+    edits, and every edit, the user's or the host's through setValue(), raises Changed here and
+    kwPropertyControl::Changed on the grid.
+
+    A property that does not apply to the field's type is stored or ignored as each one says. A
+    failure inside a call (such as a missing editor) is reported through the error report (see
+    setErrorReportHandler()), and the call returns an empty result.
+*/
+class KWFIELDDECK_EXPORT Field : public QObject
+{
+    Q_OBJECT
+    //! The name shown in the name cell and used as the field's key in Fields.
+    Q_PROPERTY(QString Name READ Name WRITE setName)
+    //! The text shown as the name cell's tool tip and in the host's description label.
+    Q_PROPERTY(QString Description READ Description WRITE setDescription)
+    //! The most characters a text field takes; 0 for no limit.
+    Q_PROPERTY(qint32 Size READ Size WRITE setSize)
+    //! The type that decides the editor; set once.
+    Q_PROPERTY(kwFieldDeck::lFieldTypes FieldType READ FieldType WRITE setFieldType)
+    //! The value, as the editor shows it.
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue NOTIFY Changed)
+    //! The lower limit of a slider or date field.
+    Q_PROPERTY(QVariant Min READ Min WRITE setMin)
+    //! The upper limit of a slider or date field.
+    Q_PROPERTY(QVariant Max READ Max WRITE setMax)
+    //! Whether the user can edit the field.
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
+    //! Whether the row is shown.
+    Q_PROPERTY(bool Visible READ Visible WRITE setVisible)
+    //! The editor's text colour, as an OleColor.
+    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
+    //! The editor's background colour, as an OleColor.
+    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
+    //! The folder a file or folder field's dialog opens in.
+    Q_PROPERTY(QString InitDir READ InitDir WRITE setInitDir)
+    //! The title of a file or folder field's dialog.
+    Q_PROPERTY(QString Title READ Title WRITE setTitle)
+    //! The file types a file field's dialog offers.
+    Q_PROPERTY(QString Filter READ Filter WRITE setFilter)
+    //! The entries of a drop-down field.
+    Q_PROPERTY(kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues CONSTANT)
+public:
+    //! \internal Fields::Add() makes fields; a field made elsewhere has no row.
+    explicit Field(QObject *parent = nullptr);
+    ~Field() override;
+
+    //! The field's name.
+    QString Name() const;
+    /*!
+        Sets the name that the name cell shows. The field stays under the key it was added
+        with in Fields.
+    */
+    void setName(const QString &name);
+    //! The field's description.
+    QString Description() const;
+    //! Sets the description: the name cell's tool tip, and what the grid's description label
+    //! shows while the row has the focus.
+    void setDescription(const QString &description);
+    //! The most characters a text field takes; 0 for no limit.
+    qint32 Size() const;
+    //! Sets the most characters the user can type into a text field (other types only store
+    //! it). A longer value set by the host is kept whole.
+    void setSize(qint32 size);
+    //! The field's type; 0 before it is set.
+    lFieldTypes FieldType() const;
+    /*!
+        Sets the type, which makes the row's name cell and the editor for \a type. A field's
+        type is set once: setting it again shows the message "Can't Change Field Type once it
+        has already been set!" and then makes a second editor, which leaves the first on the
+        grid. A value that is no lFieldTypes gives a row with a name cell and no editor.
+    */
+    void setFieldType(lFieldTypes type);
+
+    /*!
+        The value. A drop-down field gives the chosen entry's key or text (see
+        DropDownValues::UseComboItemData), a check box 1 or 0, a number field a double, a date
+        field a QDate, a slider an int, the other types text.
+    */
+    QVariant Value() const;
+    /*!
+        Sets the value and shows it in the editor, in the editor's own form (a number field
+        shows the number at the start of \a value, a check box is checked by any number other
+        than 0 or by "True"). Like an edit by the user it raises Changed and
+        kwPropertyControl::Changed (in run mode), unless the editor already showed that value.
+        A date field ignores a value that is no date.
+    */
+    void setValue(const QVariant &value);
+
+    //! The lower limit.
+    QVariant Min() const;
+    //! Sets the lower limit of a slider (a whole number) or a date field (a date); a text field
+    //! takes the focus instead. Default 0.
+    void setMin(const QVariant &min);
+    //! The upper limit.
+    QVariant Max() const;
+    //! Sets the upper limit of a slider (a whole number) or a date field (a date). Default 100.
+    void setMax(const QVariant &max);
+
+    //! Whether the user can edit the field. Default true.
+    bool Enabled() const;
+    //! Enables or disables the name cell and the editor.
+    void setEnabled(bool enabled);
+    //! Whether the row is shown. Default true.
+    bool Visible() const;
+    /*!
+        Shows or hides the name cell and the editor. The rows below keep their places until the
+        grid is laid out again (kwPropertyControl::Refresh()).
+    */
+    void setVisible(bool visible);
+    //! The editor's text colour. Default black.
+    OleColor ForeColor() const;
+    //! Sets the editor's text colour; a date field only stores it.
+    void setForeColor(OleColor color);
+    //! The editor's background colour. Default white.
+    OleColor BackColor() const;
+    //! Sets the editor's background colour; a date field only stores it.
+    void setBackColor(OleColor color);
+
+    //! The folder a file or folder field's dialog opens in; empty for other types.
+    QString InitDir() const;
+    //! Sets the folder a file or folder field's dialog opens in; other types ignore it.
+    void setInitDir(const QString &dir);
+    //! The title of a file or folder field's dialog; empty for other types.
+    QString Title() const;
+    //! Sets the title of a file or folder field's dialog; other types ignore it.
+    void setTitle(const QString &title);
+    /*!
+        The file types a file field's dialog offers, as pairs of description and patterns
+        separated by bars: "Text files (*.txt)|*.txt|All files|*.*". Other types report error
+        91 and return empty text.
+    */
+    QString Filter() const;
+    //! Sets the file types of a file field's dialog; other types report error 91.
+    void setFilter(const QString &filter);
+
+    //! The entries of a drop-down field; made when first asked for.
+    kwFieldDeck::DropDownValues *DropDownValues() const;
+
+    //! Puts the keyboard focus into the field's editor. A slider field, and a disabled text or
+    //! number field, keep the focus where it is.
+    Q_INVOKABLE void SetFocus();
+
+signals:
+    //! The value changed, by the user or by setValue(); \a Value is the new value.
+    void Changed(const QVariant &Value);
+
+private:
+    friend class FieldPrivate;
+    Q_DECLARE_PRIVATE(Field)
+    const std::unique_ptr<FieldPrivate> d_ptr;
+};
+
+} // namespace kwFieldDeck
