@@ -116,6 +116,61 @@ private slots:
         QCOMPARE(field->Value().toString(), read);
     }
 
+    // The host's write runs the same chain as an edit: the field's Changed, then the grid's, once
+    // the editor shows the new value; a write the editor does not take raises nothing.
+    void hostWriteRunsTheChangeChainOnce_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<int>("changes");
+        auto row = [](const char *name, lFieldTypes type, const QVariant &value, const char *shown,
+                       int changes) {
+            QTest::newRow(name) << int(type) << value << QString::fromLatin1(shown) << changes;
+        };
+        row("text", ftText, "new", "new", 1);
+        row("text unchanged", ftText, "old", "old", 0);
+        row("numeric", ftNumeric, "12", "12", 1);
+        row("check", ftCheckBox, "1", "1", 1);
+        row("check unchanged", ftCheckBox, "0", "0", 0);
+        row("combo", ftCombo, "20", "1", 1);
+        row("date", ftDate, QDate(2025, 1, 2), "2025-01-02", 1);
+        row("date that is no date", ftDate, "soon", "2024-03-01", 0);
+        row("slider", ftSlider, "7", "7", 1);
+    }
+
+    void hostWriteRunsTheChangeChainOnce()
+    {
+        QFETCH(int, type);
+        QFETCH(QVariant, value);
+        QFETCH(QString, shown);
+        QFETCH(int, changes);
+        GridHost host;
+        const lFieldTypes fieldType = lFieldTypes(type);
+        const QString before = fieldType == ftDate ? QStringLiteral("2024-03-01")
+            : fieldType == ftText                  ? QStringLiteral("old")
+                                                   : QString();
+        Field *field = host.add("Row", fieldType, before);
+        if (fieldType == ftCombo) {
+            field->DropDownValues()->Add(QStringLiteral("10"), QStringLiteral("ten"));
+            field->DropDownValues()->Add(QStringLiteral("20"), QStringLiteral("twenty"));
+        }
+        QStringList heard;
+        connect(field, &Field::Changed, this, [&](const QVariant &changedTo) {
+            heard << QStringLiteral("field %1 shown %2").arg(changedTo.toString(), shownBy(field));
+            QCOMPARE(field->Value(), changedTo);
+        });
+        connect(host.grid, &kwPropertyControl::Changed, this,
+            [&](Field *changed) { heard << QStringLiteral("grid %1").arg(changed->Name()); });
+        field->setValue(value);
+        QStringList expected;
+        for (int i = 0; i < changes; ++i)
+            expected << QStringLiteral("field %1 shown %2").arg(field->Value().toString(), shown)
+                     << QStringLiteral("grid Row");
+        QCOMPARE(heard, expected);
+        QCOMPARE(shownBy(field), shown);
+    }
+
     void clickingACheckGivesOneSixteenBitChange()
     {
         GridHost host;
