@@ -22,9 +22,10 @@ inline bool operator==(const CaselessKey &a, const CaselessKey &b)
 inline size_t qHash(const CaselessKey &key, size_t seed = 0)
 {
     // The folded characters, hashed as one block as QString's own hash does.
-    QVarLengthArray<char16_t, 64> folded(key.text.size());
-    for (qsizetype i = 0; i < key.text.size(); ++i)
-        folded[i] = key.text.at(i).toCaseFolded().unicode();
+    QVarLengthArray<char16_t, 64> folded;
+    folded.reserve(key.text.size());
+    for (const QChar c : key.text)
+        folded.append(c.toCaseFolded().unicode());
     return qHashBits(folded.constData(), size_t(folded.size()) * sizeof(char16_t), seed);
 }
 
