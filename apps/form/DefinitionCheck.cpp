@@ -210,8 +210,8 @@ QString DefinitionChecker::writePart(int lines)
 {
     QByteArray part = lines < bodyLines() ? m_bytes.left(m_partEnds.at(lines)) : m_bytes;
     // A part of a Windows-1252 file may happen to be valid UTF-8 and read otherwise; one more
-    // line with a byte that UTF-8 never has keeps it Windows-1252. The grid skips such a line
-    // in a block and out of one, so it shows nothing.
+    // line with a byte that UTF-8 never has keeps it Windows-1252. Such a line raises nothing,
+    // between blocks, in a block or among its items.
     if (!m_utf8 && lines < bodyLines())
         part.append('\xFF');
     const QString path = m_standIns.filePath(m_file.fileName());
@@ -265,7 +265,8 @@ int DefinitionChecker::lastCompletionBefore(int line)
     return low;
 }
 
-// The block open while the line was read: the first after the last one completed before it.
+// The block open while the line was read: the first one opened after the last completion
+// before it, none when no line up to this one opens a block.
 QString DefinitionChecker::fieldAtLine(int line)
 {
     if (line == 0)
