@@ -36,26 +36,21 @@ QByteArray withCrLfLineEnds(const QByteArray &bytes)
     }
     return converted;
 }
-
-// Sets the current folder for the life of the object and puts the previous one back after.
-class CurrentFolder
-{
-public:
-    explicit CurrentFolder(const QString &folder)
-        : m_previous(QDir::currentPath())
-    {
-        QDir::setCurrent(folder);
-    }
-    ~CurrentFolder() { QDir::setCurrent(m_previous); }
-
-private:
-    QString m_previous;
-};
 } // namespace
 
-QString loadDefinitionFile(kwPropertyControl &grid, const QString &fileName, FormMessages &messages)
+CurrentFolder::CurrentFolder(const QString &folder)
+    : m_previous(QDir::currentPath())
 {
-    const QFileInfo info(fileName);
+    QDir::setCurrent(folder);
+}
+
+CurrentFolder::~CurrentFolder()
+{
+    QDir::setCurrent(m_previous);
+}
+
+QString readDefinitionBytes(const QFileInfo &info, QByteArray &bytes, bool &converted)
+{
     if (!info.exists())
         return QStringLiteral("the file does not exist");
     if (info.isDir())
@@ -63,18 +58,39 @@ QString loadDefinitionFile(kwPropertyControl &grid, const QString &fileName, For
     QFile file(info.absoluteFilePath());
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("it cannot be read (%1)").arg(file.errorString());
-    const QByteArray bytes = file.readAll();
-    file.close();
+    bytes = file.readAll();
+    converted = hasBareLineFeeds(bytes);
+    if (converted)
+        bytes = withCrLfLineEnds(bytes);
+    return QString();
+}
+
+QString writeStandIn(const QString &path, const QByteArray &bytes)
+{
+    QFile copy(path);
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) < 0)
+        return copy.errorString();
+    return QString();
+}
+
+QString loadDefinitionFile(kwPropertyControl &grid, const QString &fileName, FormMessages &messages)
+{
+    const QFileInfo info(fileName);
+    QByteArray bytes;
+    bool converted = false;
+    const QString unreadable = readDefinitionBytes(info, bytes, converted);
+    if (!unreadable.isEmpty())
+        return unreadable;
 
     QString loadPath = info.absoluteFilePath();
     QTemporaryDir copyFolder;
-    if (hasBareLineFeeds(bytes)) {
+    if (converted) {
         if (!copyFolder.isValid())
             return QStringLiteral("no temporary folder for a CR LF copy of it");
-        QFile copy(copyFolder.filePath(info.fileName()));
-        if (!copy.open(QIODevice::WriteOnly) || copy.write(withCrLfLineEnds(bytes)) < 0)
-            return QStringLiteral("its CR LF copy cannot be written (%1)").arg(copy.errorString());
-        loadPath = copy.fileName();
+        loadPath = copyFolder.filePath(info.fileName());
+        const QString unwritten = writeStandIn(loadPath, bytes);
+        if (!unwritten.isEmpty())
+            return QStringLiteral("its CR LF copy cannot be written (%1)").arg(unwritten);
         messages.setPathAlias(loadPath, info.absoluteFilePath());
     }
 

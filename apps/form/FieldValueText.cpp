@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/Values.h"
+
 #include <kwFieldDeck/Field>
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/lFieldTypes>

@@ -38,6 +38,14 @@ bool FormMessages::noDisplay()
     return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
+QString FormMessages::asOneLine(const QString &text)
+{
+    // Every character that a terminal or an editor takes for a line break.
+    static const QRegularExpression lineBreaks(
+        QStringLiteral("[\\r\\n\\v\\f\\x{85}\\x{2028}\\x{2029}]+"));
+    return text.split(lineBreaks, Qt::SkipEmptyParts).join(QLatin1Char(' '));
+}
+
 int FormMessages::answer(const QString &prompt, int style, const QString &title)
 {
     QString text = prompt;
@@ -53,12 +61,8 @@ int FormMessages::answer(const QString &prompt, int style, const QString &title)
         return button;
     }
 
-    // One line per message: its lines joined, the blank ones left out.
-    QStringList lines
-        = text.split(QRegularExpression(QStringLiteral("[\r\n]+")), Qt::SkipEmptyParts);
     const QString shownTitle = title.isEmpty() ? QCoreApplication::applicationName() : title;
-    const QByteArray line
-        = (shownTitle + QLatin1String(": ") + lines.join(QLatin1Char(' '))).toUtf8();
+    const QByteArray line = (shownTitle + QLatin1String(": ") + asOneLine(text)).toUtf8();
     std::fprintf(stderr, "%s\n", line.constData());
     std::fflush(stderr);
     // Nobody can click: the default button answers.

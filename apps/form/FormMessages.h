@@ -23,6 +23,9 @@ public:
 
     QStringList messages() const { return m_messages; }
 
+    // A message as one line of output: its lines joined by a blank, the empty ones left out.
+    static QString asOneLine(const QString &text);
+
     // Whether there is no display to show a window on: the offscreen or minimal platform, or
     // neither an X nor a Wayland display in the environment (all that is known before the
     // application object exists).

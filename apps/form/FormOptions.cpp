@@ -44,10 +44,21 @@ QString usageText()
         "it); --set reads the marker back as a line break.\n"
         "The definition file may have CR LF or LF line ends. Relative paths inside it (such as "
         "DB=) are read from the file's own folder.\n"
-        "With no display, messages go to standard error and only --screenshot can be used.\n"
+        "With no display, messages go to standard error and only --screenshot or --check can be "
+        "used.\n"
+        "\n"
+        "--check reads the definition file (the usual definition-file argument: --check FILE) as "
+        "the window would, but opens no window, needs no display and prints no values. It prints "
+        "each message that loading the file shows, and each error the load reports, as one line "
+        "\"FIELD: MESSAGE\", in the order they come. FIELD is the name of the field block being "
+        "read when the message came; it is empty, so the line starts with \": \", for the "
+        "header, a line between blocks or a block without a name. The lines of a message are "
+        "joined by blanks; an error reads \"Error NUMBER (DESCRIPTION) in PROCEDURE\".\n"
         "\n"
         "Exit status: 0 after OK or --screenshot, 1 after Cancel or closing the window, 2 when the "
-        "definition file cannot be loaded or the command line is wrong.");
+        "definition file cannot be loaded or the command line is wrong. With --check: 0 when the "
+        "load shows nothing, 2 when it shows a message, or when the file cannot be loaded or "
+        "defines no field (the reason then goes to standard error).");
 }
 } // namespace
 
@@ -84,7 +95,11 @@ FormOptions FormOptions::parse(const QStringList &arguments)
         QStringLiteral("Prints the values as one JSON object in the order of the grid, each in "
                        "its type: numbers as numbers, a check box as 0 or 1, a date as "
                        "YYYY-MM-DD, a memo with its line breaks."));
-    parser.addOptions({ store, set, title, screenshot, dark, json });
+    const QCommandLineOption check(QStringLiteral("check"),
+        QStringLiteral("Loads the definition file without a window and prints each message of the "
+                       "load as FIELD: MESSAGE, one per line; no values. The file is the "
+                       "definition-file argument. Takes no other option."));
+    parser.addOptions({ store, set, title, screenshot, dark, json, check });
     parser.addPositionalArgument(
         QStringLiteral("definition-file"), QStringLiteral("The definition file to show."));
 
@@ -133,6 +148,20 @@ FormOptions FormOptions::parse(const QStringList &arguments)
     options.screenshotFile = parser.value(screenshot);
     options.dark = parser.isSet(dark);
     options.json = parser.isSet(json);
+    options.check = parser.isSet(check);
+    if (options.check) {
+        QStringList others;
+        for (const QCommandLineOption &other : { store, set, title, screenshot, dark, json }) {
+            if (parser.isSet(other))
+                others << QLatin1String("--") + other.names().constFirst();
+        }
+        if (!others.isEmpty()) {
+            options.outcome = Outcome::Error;
+            options.text = QStringLiteral("--check opens no window and prints no values; it "
+                                          "takes no other option: %1")
+                               .arg(others.join(QLatin1String(", ")));
+        }
+    }
     return options;
 }
 

@@ -26,6 +26,8 @@ struct FormOptions
     bool dark = false;
     // Print the values as one JSON object instead of Name=Value lines.
     bool json = false;
+    // Load the definition file without a window and print what the load shows, nothing else.
+    bool check = false;
 
     // Reads the arguments (the program name first, as in QCoreApplication::arguments()).
     static FormOptions parse(const QStringList &arguments);

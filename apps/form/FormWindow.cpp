@@ -1,6 +1,7 @@
 #include "FormWindow.h"
 
 #include "platform/Control.h"
+
 #include <kwFieldDeck/Field>
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/kwPropertyControl>

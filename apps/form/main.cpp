@@ -1,6 +1,8 @@
 // kwfielddeck-form: puts a property grid built from a definition file in front of a user, and
-// prints the values on OK; for people and for shell scripts.
+// prints the values on OK; for people and for shell scripts. --check only loads the file and
+// prints what the load shows, for builds.
 
+#include "DefinitionCheck.h"
 #include "DefinitionFile.h"
 #include "FieldValueText.h"
 #include "FormMessages.h"
@@ -21,7 +23,7 @@
 using namespace kwFieldDeck;
 
 namespace {
-enum ExitCode { ExitOk = 0, ExitCancelled = 1, ExitNotLoaded = 2 };
+enum ExitCode { ExitOk = 0, ExitCancelled = 1, ExitNotLoaded = 2, ExitLoadShowedMessages = 2 };
 
 void printTo(FILE *stream, const QString &text)
 {
@@ -35,6 +37,28 @@ int fail(const QString &problem)
 {
     printTo(stderr, QCoreApplication::applicationName() + QLatin1String(": ") + problem);
     return ExitNotLoaded;
+}
+
+QString cannotLoad(const QString &fileName, const QString &problem)
+{
+    return QStringLiteral("cannot load the definition file \"%1\": %2.").arg(fileName, problem);
+}
+
+// --check: what the load shows, one line each, and no window; for builds that check their
+// definition files.
+int checkDefinition(const QString &fileName)
+{
+    const DefinitionCheck check = checkDefinitionFile(fileName);
+    if (!check.problem.isEmpty())
+        return fail(cannotLoad(fileName, check.problem));
+    for (const LoadNotice &notice : check.notices)
+        printTo(stdout, noticeLine(notice));
+    if (!check.notices.isEmpty())
+        return ExitLoadShowedMessages;
+    // Blocks that never end leave nothing and say nothing; the window would refuse the file.
+    if (check.fieldCount == 0)
+        return fail(cannotLoad(fileName, QStringLiteral("it defines no field")));
+    return ExitOk;
 }
 
 void useDarkPalette()
@@ -90,6 +114,9 @@ int main(int argc, char *argv[])
         break;
     }
 
+    if (options.check)
+        return checkDefinition(options.definitionFile);
+
     const bool headless = FormMessages::noDisplay();
     if (headless && options.screenshotFile.isEmpty())
         return fail(QStringLiteral("there is no display to show the window on; "
@@ -106,8 +133,7 @@ int main(int argc, char *argv[])
 
     const QString problem = loadDefinitionFile(grid, options.definitionFile, messages);
     if (!problem.isEmpty())
-        return fail(QStringLiteral("cannot load the definition file \"%1\": %2.")
-                        .arg(options.definitionFile, problem));
+        return fail(cannotLoad(options.definitionFile, problem));
     if (options.useStore)
         grid.GetValuesFromRegistry(options.storeApp, options.storeSection, options.storeSetting);
     const QStringList unknown = applyPresets(*grid.Fields(), options.presets);

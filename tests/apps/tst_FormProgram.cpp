@@ -49,7 +49,8 @@ private slots:
         const Run help = run({ "--help" });
         QCOMPARE(help.exitCode, 0);
         for (const char *text : { "--store <APP SECTION SETTING>", "--set <NAME=VALUE>",
-                 "--title <TEXT>", "--screenshot <FILE.png>", "--json", "%CRLF%", "Exit status" })
+                 "--title <TEXT>", "--screenshot <FILE.png>", "--json", "--check", "FIELD: MESSAGE",
+                 "%CRLF%", "Exit status" })
             QVERIFY2(help.out.contains(QLatin1String(text)), text);
         const Run version = run({ "--version" });
         QCOMPARE(version.exitCode, 0);
@@ -99,6 +100,106 @@ private slots:
             QVERIFY2(found >= at, name);
             at = found;
         }
+    }
+
+    // Every message box and error report of the load, one line each with the block being read,
+    // in order; the same with no display at all, where a window could not be shown.
+    void checkPrintsEachMessageOfTheLoadWithItsField_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QStringList>("expected");
+        const QString mustBe
+            = " Not Valid  Must be "
+              "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
+        QTest::newRow("clean") << crLf(ThreeFields) << QStringList();
+        // Port stays open after its bad type and is completed by the second ENDFIELD; Host stays
+        // open without a type and takes Colour's keys; the overflow sits between two blocks and
+        // ends the reading, so Never is not read.
+        QTest::newRow("several faulty blocks, LF line ends")
+            << QByteArray("Property Control Definition File\n"
+                          "ADDFIELD Port\nTYPE=INTEGER\nENDFIELD\nTYPE=NUMERIC\nENDFIELD\n"
+                          "ADDFIELD Host\nVALUE=x\nENDFIELD\n"
+                          "ADDFIELD Colour\nTYPE=COMBO\nDB=missing.db\nENDFIELD\n"
+                          "ADD FIELD Port\nTYPE=TEXT\nEND FIELD\n"
+                          "ADDFIELD Size\nTYPE=COMBO\nADDCOMBOITEMS\n1=Small\n1=Again\n"
+                          "ENDCOMBOITEMS\nENDFIELD\n"
+                          "FIELDNAMEWIDTH=99999999999999999999999999999999999999999\n"
+                          "ADDFIELD Never\nTYPE=BUTTON\nENDFIELD\n")
+            << QStringList { "Port: FldType: INTEGER" + mustBe,
+                   "Host: No FieldName or Type Defined!",
+                   "Host: Field:Host Can't find Combo Database File: File=MISSING.DB",
+                   "Port: Field: Port already exists in Fields Collection!",
+                   "Size: Error 457 (This key is already associated with an element of this "
+                   "collection) in Function 'Add' of Class Module 'DropDownValues'",
+                   ": Error 6 (Overflow) in Sub 'ReadDef' of User Control 'kwPropertyControl'" };
+        QTest::newRow("overflow inside a block")
+            << crLf("Property Control Definition File\nADDFIELD A\nTYPE=TEXT\nENDFIELD\n"
+                    "ADDFIELD B\nSIZE=99999999999\nENDFIELD\n")
+            << QStringList { "B: Error 6 (Overflow) in Sub 'ReadDef' of User Control "
+                             "'kwPropertyControl'" };
+        QTest::newRow("ADDFIELD without a name")
+            << crLf("Property Control Definition File\nADDFIELD A\nTYPE=BUTTON\nENDFIELD\n"
+                    "TYPE=TEXT\nENDFIELD\nADDFIELD\nTYPE=TEXT\nENDFIELD\n")
+            << QStringList { "A: FldType: BUTTON" + mustBe,
+                   ": Error 5 (Invalid procedure call or argument) in Sub 'ReadDef' of User "
+                   "Control 'kwPropertyControl'" };
+        QTest::newRow("line breaks inside a name")
+            << QByteArray("Property Control Definition File\r\nADDFIELD Line\rFeed\r\n"
+                          "TYPE=COMBO\r\nDB=none.db\r\nENDFIELD\r\n")
+            << QStringList { "Line Feed: Field:Line Feed Can't find Combo Database File: "
+                             "File=NONE.DB" };
+        // Read as Windows-1252 (the last line is no UTF-8), the first two names differ; read
+        // as UTF-8 they would be é and É, one name twice.
+        QTest::newRow("Windows-1252 file whose first lines would read as UTF-8")
+            << crLf("Property Control Definition File\nADDFIELD \xC3\xA9\nTYPE=TEXT\nENDFIELD\n"
+                    "ADDFIELD \xC3\x89\nTYPE=TEXT\nENDFIELD\n"
+                    "ADDFIELD Bad\nTYPE=BUTTON\nENDFIELD\n# caf\xE9\n")
+            << QStringList { "Bad: FldType: BUTTON" + mustBe };
+        QTest::newRow("no header")
+            << crLf("ADDFIELD A\nTYPE=TEXT\nENDFIELD\n")
+            << QStringList { ": Can't Open kwProperty Control Definition file. File Format Does "
+                             "not Match! {file}" };
+        QTest::newRow("empty file")
+            << QByteArray()
+            << QStringList { ": Error 9 (Subscript out of range) in Sub "
+                             "'LoadDefFile' of User Control 'kwPropertyControl'" };
+    }
+
+    void checkPrintsEachMessageOfTheLoadWithItsField()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QStringList, expected);
+        const QString path = write("check.kwdef", file);
+        QVERIFY(!path.isEmpty());
+        expected.replaceInStrings("{file}", path);
+        const QString printed = expected.isEmpty() ? QString() : expected.join('\n') + '\n';
+
+        QProcessEnvironment noDisplay = QProcessEnvironment::systemEnvironment();
+        for (const char *name : { "QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY" })
+            noDisplay.remove(name);
+        for (const QProcessEnvironment &environment :
+            { QProcessEnvironment::systemEnvironment(), noDisplay }) {
+            const Run result = run({ "--check", "check.kwdef" }, {}, environment);
+            QCOMPARE(result.out, printed);
+            QCOMPARE(result.exitCode, expected.isEmpty() ? 0 : 2);
+        }
+    }
+
+    // The shipped definitions load without a message, from wherever they are named.
+    void theExamplesCheckClean_data()
+    {
+        const QString examples = qEnvironmentVariable("KW_EXAMPLES_DIR");
+        QTest::addColumn<QString>("definition");
+        for (const char *name : { "connection.kwdef", "showcase.kwdef" })
+            QTest::newRow(name) << examples + '/' + name;
+    }
+
+    void theExamplesCheckClean()
+    {
+        QFETCH(QString, definition);
+        const Run result = run({ "--check", definition }, QDir::rootPath());
+        QCOMPARE(result.out, QString());
+        QCOMPARE(result.exitCode, 0);
     }
 
     void presetsAreStoredAndComeBackInTheNextRun()
@@ -170,6 +271,14 @@ private slots:
         row("--set of no field", shot + QStringList { "--set", "Colour=red", "three.kwdef" },
             "--set names no field of the definition: Colour");
         row("unknown option", { "--frobnicate", "three.kwdef" }, "frobnicate");
+        row("--check of a missing file", { "--check", "no.kwdef" },
+            "\"no.kwdef\": the file does not exist");
+        row("--check of a folder", { "--check", "." }, "folder");
+        row("--check of no complete block", { "--check", "in.kwdef" }, "defines no field",
+            crLf("Property Control Definition File\nADDFIELD A\nTYPE=TEXT\n"));
+        row("--check without a file", { "--check" }, "No definition file");
+        row("--check with --json", { "--check", "--json", "three.kwdef" },
+            "takes no other option: --json");
     }
 
     void whatCannotRunExitsTwoWithAReason()
