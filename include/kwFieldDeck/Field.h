@@ -64,7 +64,8 @@ class KWFIELDDECK_EXPORT Field : public QObject
     //! The entries of a drop-down field.
     Q_PROPERTY(kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues CONSTANT)
 public:
-    //! \internal Fields::Add() makes fields; a field made elsewhere has no row.
+    //! A field of no grid, a child of \a parent. Fields::Add() makes fields with their rows; a
+    //! field made here has none, and setting its name or type reports error 91.
     explicit Field(QObject *parent = nullptr);
     ~Field() override;
 

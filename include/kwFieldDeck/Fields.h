@@ -38,7 +38,8 @@ class KWFIELDDECK_EXPORT Fields : public QObject
     Q_PROPERTY(
         kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues WRITE setDropDownValues)
 public:
-    //! \internal The grid makes its collection; one made elsewhere belongs to no grid.
+    //! An empty collection of no grid, a child of \a parent; Add() on it reports error 91 and
+    //! returns null. A grid makes its own (kwPropertyControl::Fields()).
     explicit Fields(QObject *parent = nullptr);
     ~Fields() override;
 
