@@ -43,8 +43,8 @@ public:
     /*!
         Adds an entry that shows \a DisplayValue under the key \a Key, appends the text to the
         field's drop-down list and returns the entry. The list item is numbered with the key's
-        leading number (0 for a key such as "R"): the number the field's value gives and
-        matches while UseComboItemData() is true.
+        leading number (0 for a key such as "R"), the number by which the field's value names
+        the entry (see Field::Value() and Field::setValue()).
 
         An empty key makes up the collection's next number ("1", "2", ..., never used twice) as
         the key and sets UseComboItemData() to false; a key given sets it to true. The most
@@ -68,7 +68,8 @@ public:
     */
     void Remove(const QVariant &vntIndexKey);
 
-    //! Whether the field's value is the chosen entry's key (true) or its text (false).
+    //! Whether the field's value is the chosen entry's key (true) or its text (false); see
+    //! Field::Value() for a drop-down that a definition gave entries without keys.
     bool UseComboItemData() const;
     //! Sets whether the field's value is the chosen entry's key; the next Add() decides again.
     void setUseComboItemData(bool use);

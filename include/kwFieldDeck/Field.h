@@ -99,10 +99,11 @@ public:
     void setFieldType(lFieldTypes type);
 
     /*!
-        The value. A drop-down field reads it from its editor: with
-        DropDownValues::UseComboItemData() the chosen entry's key as a number in text form
-        ("0" for a key that does not start with a number, empty with no entry chosen),
-        otherwise the chosen entry's text.
+        The value. A drop-down field reads it from its editor. While
+        DropDownValues::UseComboItemData() is true, that is the chosen entry's key as a number
+        in text form ("0" for a key that does not start with a number, empty with no entry
+        chosen), or the entry's text when a definition gave the entries without keys; otherwise
+        it is the chosen entry's text.
 
         The other types give the value last stored. setValue() stores what it is given; an
         edit of the user, or a setValue() that changed what the editor shows, stores the
