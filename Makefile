@@ -8,8 +8,10 @@ FUZZ_BUILD ?= build-fuzz
 BENCH_BUILD ?= build-bench
 FUZZ_SECONDS ?= 60
 BENCH_ROWS ?= 1000 10000 100000
+DOCS ?= $(BUILD)/docs
+DOCS_VERSION := $(shell grep -o 'kwFieldDeck VERSION [0-9.]*' CMakeLists.txt | cut -d' ' -f3)
 
-.PHONY: all deps build demo test clean test-asan fuzz bench
+.PHONY: all deps build demo test clean test-asan fuzz bench docs
 
 all: build
 
@@ -40,6 +42,15 @@ fuzz:
 bench:
 	@KW_WITH_BENCH=1 scripts/install-deps.sh
 	@JOBS=$(JOBS) BENCH_ROWS="$(BENCH_ROWS)" scripts/bench.sh $(BENCH_BUILD)
+
+# Reference documentation of the public headers in $(DOCS)/html (Doxygen). No C++ build is needed;
+# a public member without a doc comment, or any other Doxygen warning, fails the target.
+docs:
+	@KW_WITH_DOCS=1 scripts/install-deps.sh
+	rm -rf $(DOCS)/html
+	mkdir -p $(DOCS)
+	KW_DOCS_OUT=$(DOCS) KW_VERSION=$(DOCS_VERSION) doxygen docs/Doxyfile
+	@echo "Reference documentation: $(DOCS)/html/index.html"
 
 clean:
 	rm -rf $(BUILD)

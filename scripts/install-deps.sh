@@ -7,6 +7,7 @@ packages=(cmake g++ make clang-format qt6-base-dev libqt6sql6-sqlite libgl-dev q
           fonts-dejavu-core sqlite3)
 [ "${KW_WITH_BENCH:-0}" = 1 ] && packages+=(libbenchmark-dev libwxgtk3.2-dev)
 [ "${KW_WITH_FUZZ:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
+[ "${KW_WITH_DOCS:-0}" = 1 ] && packages+=(doxygen)
 
 missing=()
 for p in "${packages[@]}"; do

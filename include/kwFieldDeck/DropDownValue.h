@@ -35,7 +35,7 @@ public:
     explicit DropDownValue(QObject *parent = nullptr);
     ~DropDownValue() override;
 
-    //! The entry's key: the one given to DropDownValues::Add(), or its position as made up there.
+    //! The entry's key: the one given to DropDownValues::Add(), or the number made up there.
     QString Key() const;
     //! Sets the key; the collection keeps finding the entry under the key it was added with.
     void setKey(const QString &key);

@@ -23,8 +23,9 @@ class FieldPrivate;
 
     Fields are made by Fields::Add() (or a definition), never by a host's `new`: the grid makes
     the row's cells together with the field. The field keeps its value current while the user
-    edits, and every edit, the user's or the host's through setValue(), raises Changed here and
-    kwPropertyControl::Changed on the grid.
+    edits, and every change its editor reports (an edit of the user, or a setValue() that
+    changes what the editor shows) raises Changed here and kwPropertyControl::Changed on the
+    grid.
 
     A property that does not apply to the field's type is stored or ignored as each one says. A
     failure inside a call (such as a missing editor) is reported through the error report (see
@@ -41,7 +42,7 @@ class KWFIELDDECK_EXPORT Field : public QObject
     Q_PROPERTY(qint32 Size READ Size WRITE setSize)
     //! The type that decides the editor; set once.
     Q_PROPERTY(kwFieldDeck::lFieldTypes FieldType READ FieldType WRITE setFieldType)
-    //! The value, as the editor shows it.
+    //! The value; Value() says what each type holds.
     Q_PROPERTY(QVariant Value READ Value WRITE setValue NOTIFY Changed)
     //! The lower limit of a slider or date field.
     Q_PROPERTY(QVariant Min READ Min WRITE setMin)
@@ -64,7 +65,8 @@ class KWFIELDDECK_EXPORT Field : public QObject
     //! The entries of a drop-down field.
     Q_PROPERTY(kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues CONSTANT)
 public:
-    //! \internal Fields::Add() makes fields; a field made elsewhere has no row.
+    //! A field of no grid, a child of \a parent. Fields::Add() makes fields with their rows; a
+    //! field made here has none, and setting its name or type reports error 91.
     explicit Field(QObject *parent = nullptr);
     ~Field() override;
 
@@ -88,36 +90,56 @@ public:
     //! The field's type; 0 before it is set.
     lFieldTypes FieldType() const;
     /*!
-        Sets the type, which makes the row's name cell and the editor for \a type. A field's
-        type is set once: setting it again shows the message "Can't Change Field Type once it
-        has already been set!" and then makes a second editor, which leaves the first on the
-        grid. A value that is no lFieldTypes gives a row with a name cell and no editor.
+        Sets the type, which makes the row: a name cell and the editor for \a type. A field's
+        type is meant to be set once: setting it again shows the message "Field:<name>",
+        "Can't Change Field Type once it has already been set!" and, when \a type differs,
+        then makes a second name cell and editor; the first ones stay on the grid. A value that
+        is no lFieldTypes gives a row with a name cell and no editor.
     */
     void setFieldType(lFieldTypes type);
 
     /*!
-        The value. A drop-down field gives the chosen entry's key or text (see
-        DropDownValues::UseComboItemData), a check box 1 or 0, a number field a double, a date
-        field a QDate, a slider an int, the other types text.
+        The value. A drop-down field reads it from its editor. While
+        DropDownValues::UseComboItemData() is true, that is the chosen entry's key as a number
+        in text form ("0" for a key that does not start with a number, empty with no entry
+        chosen), or the entry's text when a definition gave the entries without keys; otherwise
+        it is the chosen entry's text.
+
+        The other types give the value last stored. setValue() stores what it is given; an
+        edit of the user, or a setValue() that changed what the editor shows, stores the
+        editor's value: text for text, file, folder and memo fields, a double for a number
+        field, 1 or 0 (a qint16) for a check box, a QDate for a date field, an int for a slider.
+        An object given to setValue() is returned as it is, by every type.
     */
     QVariant Value() const;
     /*!
-        Sets the value and shows it in the editor, in the editor's own form (a number field
-        shows the number at the start of \a value, a check box is checked by any number other
-        than 0 or by "True"). Like an edit by the user it raises Changed and
-        kwPropertyControl::Changed (in run mode), unless the editor already showed that value.
-        A date field ignores a value that is no date.
+        Stores \a value and shows it in the editor, in the editor's own form. A text field shows
+        a text, number or date (another kind, such as a boolean, is stored only); a number field
+        shows the number at the start of the value's text, 0 when there is none; a check box is
+        ticked by "True" (then stored as "1") or by a value whose text starts with a number
+        other than 0; a drop-down selects the entry whose key, read as a number, equals the
+        value read as a number (when a definition gave entries without keys: the entry whose
+        text is the value, in any letter case); a date field shows a date or a text that reads
+        as one (another value is stored only, and a date outside Min() and Max() is reported as
+        error 380); a slider takes the number, rounded to a whole one.
+
+        When this changes what the editor shows, the editor's value replaces the stored one
+        (see Value()), and Changed and kwPropertyControl::Changed are raised as for an edit of
+        the user. A drop-down raises them whenever an entry matches, also the one already
+        chosen; a memo field, whose row shows only a placeholder, never raises them here.
     */
     void setValue(const QVariant &value);
 
     //! The lower limit.
     QVariant Min() const;
-    //! Sets the lower limit of a slider (a whole number) or a date field (a date); a text field
-    //! takes the focus instead. Default 0.
+    //! Stores the lower limit and passes it to a slider (as a whole number) or a date field
+    //! (when it is a date). An enabled text field takes the keyboard focus instead. Default 0.
     void setMin(const QVariant &min);
-    //! The upper limit.
+    //! The upper limit. Default 100, which a new slider does not take: its range is 0 to 10
+    //! until setMin() or setMax() is called.
     QVariant Max() const;
-    //! Sets the upper limit of a slider (a whole number) or a date field (a date). Default 100.
+    //! Stores the upper limit and passes it to a slider (as a whole number) or a date field; a
+    //! date field takes it only when Min() is a date.
     void setMax(const QVariant &max);
 
     //! Whether the user can edit the field. Default true.
@@ -128,7 +150,7 @@ public:
     bool Visible() const;
     /*!
         Shows or hides the name cell and the editor. The rows below keep their places until the
-        grid is laid out again (kwPropertyControl::Refresh()).
+        grid is laid out again (kwPropertyControl::Refresh(true)).
     */
     void setVisible(bool visible);
     //! The editor's text colour. Default black.
@@ -165,7 +187,8 @@ public:
     Q_INVOKABLE void SetFocus();
 
 signals:
-    //! The value changed, by the user or by setValue(); \a Value is the new value.
+    //! The editor reported a change: an edit of the user, or a setValue() that changed what the
+    //! editor shows. \a Value is the new value; kwPropertyControl::Changed follows.
     void Changed(const QVariant &Value);
 
 private:

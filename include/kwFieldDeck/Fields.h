@@ -38,24 +38,29 @@ class KWFIELDDECK_EXPORT Fields : public QObject
     Q_PROPERTY(
         kwFieldDeck::DropDownValues *DropDownValues READ DropDownValues WRITE setDropDownValues)
 public:
-    //! \internal The grid makes its collection; one made elsewhere belongs to no grid.
+    //! An empty collection of no grid, a child of \a parent; Add() on it reports error 91 and
+    //! returns null. A grid makes its own (kwPropertyControl::Fields()).
     explicit Fields(QObject *parent = nullptr);
     ~Fields() override;
 
     /*!
-        Adds a field named \a Name of type \a FieldType below the last row, with the most
-        characters \a Size (text fields; 0 for no limit), the value \a Value and the
-        description \a Description, and returns it. A name already present shows the message
+        Adds a field named \a Name of type \a FieldType and returns it. Its row is placed below
+        the last row at once, and enters the scroll range at the next
+        kwPropertyControl::Refresh(true). The field gets the grid's font, the value \a Value
+        (with Field::setValue(), so kwPropertyControl::Changed is raised when that changes what
+        the new editor shows), the most characters \a Size (text fields; 0 for no limit) and
+        the description \a Description.
+
+        A name already present (compared without regard to letter case) shows the message
         "Field: <Name> already exists in Fields Collection!" and returns null; the rejected
-        field's row stays on the grid. The grid is laid out again by
-        kwPropertyControl::Refresh().
+        field's row stays on the grid.
     */
     Field *Add(const QString &Name, lFieldTypes FieldType, qint32 Size = 0,
         const QString &Value = {}, const QString &Description = {});
     /*!
-        The field at a 1-based position (a number) or under a name (a text, compared without
-        regard to letter case). A position out of range is error 9, a missing name error 5;
-        both return null.
+        The field at a 1-based position (a number) or under a name (a text, even "2", compared
+        without regard to letter case). A position out of range is reported as error 9, a
+        missing name as error 5; both return null.
     */
     Field *Item(const QVariant &vntIndexKey) const;
     //! The number of fields.
@@ -63,15 +68,16 @@ public:
     /*!
         Takes out and hides the field at a 1-based position or under a name (as Item() finds
         it), and lets go of its editor. The rows below keep their places until
-        kwPropertyControl::Refresh().
+        kwPropertyControl::Refresh(true).
     */
     void Remove(const QVariant &vntIndexKey);
     //! Takes out and hides every field, and lays the grid out again.
     void Clear();
 
-    //! The host's collection of drop-down entries; made when first asked for.
+    //! The host's collection of drop-down entries; made when first asked for. It belongs to no
+    //! field, so its DropDownValues::Add() reports error 91.
     kwFieldDeck::DropDownValues *DropDownValues();
-    //! Keeps \a values as the host's collection of drop-down entries.
+    //! Keeps \a values as the host's collection of drop-down entries, without taking it over.
     void setDropDownValues(kwFieldDeck::DropDownValues *values);
 
     //! The first field, for range-based for loops over the fields in order.

@@ -24,7 +24,8 @@ using ErrorReportHandler
 
 /*!
     Installs \a handler, which every error report reaches after the library has logged it (one
-    line through qWarning()), and returns the handler installed before. An empty handler
+    warning in the logging category `kwfielddeck.errors`), and returns the handler installed
+    before. One handler serves the whole program. An empty handler
     restores the default, which only logs. A report never ends the program: the procedure that
     failed ends normally with an empty result.
 */

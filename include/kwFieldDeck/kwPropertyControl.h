@@ -23,26 +23,29 @@ class kwPropertyControlPrivate;
     \brief The property grid: a scrollable two-column list of named settings, names on the left
     and on the right an editor that suits each field's type.
 
-    A host adds rows with Fields()->Add(), with a definition string (ReadDef(),
-    AddFieldByDefString()) or from a definition file (LoadDefFile()), lays them out with
-    Refresh(), hears of every edit through Changed, and keeps the values in the per-user
-    settings store with SaveValuesToRegistry() and GetValuesFromRegistry().
+    A host adds rows with Fields()->Add(), from a definition (ReadDef(), AddFieldByDefString())
+    or from a definition file (LoadDefFile()); each new row is placed below the last one at
+    once. Refresh(true) lays all rows out again and takes the new ones into the scroll range.
+    The host hears of every edit through Changed, and keeps the values in the per-user settings
+    store with SaveValuesToRegistry() and GetValuesFromRegistry().
 
     \code
     auto *grid = new kwFieldDeck::kwPropertyControl(window);
     grid->Fields()->Add("Port", kwFieldDeck::ftNumeric, 0, "8080", "The port to listen on");
-    grid->ReadDef("{Name=Verbose}{Type=CHECKBOX}{Value=1}");
-    grid->Refresh();
-    QObject::connect(grid, &kwFieldDeck::kwPropertyControl::Changed,
-                     [](kwFieldDeck::Field *field) { qDebug() << field->Name() << field->Value();
-   }); \endcode
+    grid->ReadDef("ADDFIELD Verbose\r\nTYPE=CHECKBOX\r\nVALUE=1\r\nENDFIELD");
+    grid->Refresh(true);
+    QObject::connect(grid, &kwFieldDeck::kwPropertyControl::Changed, [](kwFieldDeck::Field *f) {
+        qDebug() << f->Name() << f->Value();
+    });
+    \endcode
 
     Sizes are in twips: 1440 to the inch, 15 to a pixel on a 96 dpi screen. Colours are
     OleColor values. Rows are data until they come near the view, so a grid of many thousands
-    of rows builds and scrolls quickly. A failure inside a call is reported through the error
-    report (see setErrorReportHandler()) and the call ends normally with an empty result;
-    messages meant for the user (such as a definition file's faults) are shown in message boxes
-    (see setMessageBoxHandler()).
+    of rows builds and scrolls quickly; the scroll range is a 16-bit number, so a grid of more
+    than about 32,000 rows reports an overflow (error 6) when it computes the range. A failure
+    inside a call is reported through the error report (see setErrorReportHandler()) and the
+    call ends normally with an empty result; messages meant for the user (such as a definition
+    file's faults) are shown in message boxes (see setMessageBoxHandler()).
 */
 class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
 {
@@ -105,9 +108,11 @@ public:
         disables the rows; use Field::setEnabled() for that.
     */
     void setEnabled(bool enabled);
-    //! The font of the name cells and editors. Default the font of the grid's parent.
+    //! The font of the name cells and editors. Default the font of the grid's parent when the
+    //! grid was made (the application's font without a parent).
     QFont Font() const;
-    //! Sets the font of the grid and of every row. This hides QWidget::setFont() on purpose.
+    //! Sets the font of the grid, of every row and of the rows to come. This hides
+    //! QWidget::setFont() on purpose.
     void setFont(const QFont &font);
     //! A back style the grid stores and saves (0 transparent, 1 opaque). Default 0.
     qint16 BackStyle() const;
@@ -119,11 +124,12 @@ public:
     void setBorderStyle(qint16 style);
     //! The coordinate unit. Default 1, twips, the unit every size of the grid is in.
     qint16 ScaleMode() const;
-    //! Sets the coordinate unit; the grid keeps laying out in twips.
+    //! Stores a coordinate unit; the grid keeps laying out in twips, and its next repaint sets
+    //! the unit back to 1.
     void setScaleMode(qint16 mode);
     //! The viewport's border: 0 flat, 1 sunken (the default).
     qint16 Appearance() const;
-    //! Sets the viewport's border: 0 flat, 1 sunken.
+    //! Sets the viewport's border: 0 flat, 1 sunken; another value is reported as error 380.
     void setAppearance(qint16 appearance);
     //! The background of the name cells. Default the window background (`0x80000005`).
     OleColor FieldNameBackColor() const;
@@ -150,63 +156,119 @@ public:
     bool ambientUserMode() const;
     //! Tells the grid whether its host runs; a grid on a form being designed raises no Changed.
     void setAmbientUserMode(bool userMode);
-    //! Puts the keyboard focus into the first field's editor; a grid with no field reports error 9.
+    //! Gives the grid the keyboard focus, then calls Field::SetFocus() of the first field. A grid
+    //! with no field reports error 9.
     Q_INVOKABLE void SetFocus();
 
     /*!
-        Lays the rows out again: one below the other in the order of Fields, hidden rows left
-        out, each name cell FieldNameWidth() wide and each row RowHeight() high, and sets the
-        scroll bar's range. \a Redraw is accepted and not needed: the grid repaints by itself.
+        Sets the scroll bar's range from the rows of the last full layout. With \a Redraw true
+        it first lays the rows out again: one below the other in the order of Fields, hidden
+        rows left out, each name cell FieldNameWidth() wide and RowHeight() high with its editor
+        beside it; pending events are processed once per row meanwhile. Without \a Redraw only
+        the range is set, and the rows stay where they are.
+
+        The grid lays itself out when it is resized, by setFieldNameWidth(),
+        AutoSizeFieldNameWidths() and Fields::Clear(). Call Refresh(true) after adding rows (they
+        are placed, but enter the scroll range only here), after showing or hiding rows, after
+        Fields::Remove() and after setRowHeight().
     */
     Q_INVOKABLE void Refresh(bool Redraw = false);
     //! The width of the name column, in twips. Default 750.
     float FieldNameWidth() const;
     /*!
-        Sets the width of the name column, in twips, and lays the rows out again. A width that
-        leaves no room for the scroll bar is refused.
+        Sets the width of the name column, in twips, and lays the rows out again. A width that,
+        with the scroll bar's, is more than the grid's width is ignored without a report.
     */
     void setFieldNameWidth(float width);
     //! The height of every row, in twips. Default 315.
     float RowHeight() const;
-    //! Sets the height of every row, in twips, and lays the rows out again.
+    //! Sets the height of every row, in twips. Scrolling uses it at once; the rows take it at
+    //! the next Refresh(true), and editors made before keep their heights.
     void setRowHeight(float height);
     //! The row at the top of the view, counted from 0.
     qint16 FirstRow() const;
-    //! Scrolls so that \a row (counted from 0) is at the top of the view, as far as it goes.
+    //! Scrolls so that \a row (counted from 0) is at the top of the view. The row is not
+    //! checked against the rows there are, and the scroll bar keeps its position.
     void setFirstRow(qint16 row);
-    //! Makes the name column just wide enough for the longest name.
+    //! Makes the name column 1.2 times as wide as the widest name in the grid's font (hidden
+    //! fields count; 0 with no field) and lays the rows out again. The grid's width is not
+    //! checked, unlike in setFieldNameWidth().
     Q_INVOKABLE void AutoSizeFieldNameWidths();
     //! A name column, a value column and eight rows at the current widths and row height.
     QSize sizeHint() const override;
-    //! Room for three rows.
+    //! Three rows and a value column half as wide as in sizeHint().
     QSize minimumSizeHint() const override;
 
     /*!
-        Adds the fields of a definition string: blocks of `{Key=Value}` pairs (Name, Type,
-        Size, Value, Description, Min, Max, Filter, InitDir, Title, Items, ...), a new block at
-        each Name. A fault in a block (an unknown type, a bad number) is shown in a message box
-        and the block's field is left as far as it got; the other blocks are read on.
+        Adds the fields of the definition \a DefString, one per block, in order, each with
+        Fields::Add(). The text is read line by line, lines separated by CR LF:
+
+        \code
+        FIELDNAMEWIDTH=1800
+        ADDFIELD Size
+        TYPE=COMBO
+        VALUE=2
+        ADDCOMBOITEMS
+        1=Small
+        2=Medium
+        ENDCOMBOITEMS
+        ENDFIELD
+        \endcode
+
+        A block runs from `ADDFIELD name` to `ENDFIELD`, with `KEY=value` lines between (TYPE,
+        VALUE, SIZE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD,
+        VALUEFIELD) and a drop-down's entries between `ADDCOMBOITEMS` and `ENDCOMBOITEMS`;
+        `FIELDNAMEWIDTH=` and `ROWHEIGHT=` outside a block store those sizes without laying the
+        rows out. Keywords are read in any letter case, every value but VALUE upper-cased, the
+        blanks around a line and every tab ignored, and lines that mean nothing skipped. The
+        main page's \ref definition-language "definition language" lists every key.
+
+        A block without a name or TYPE ("No FieldName or Type Defined!") or with an unknown
+        TYPE (titled "Invalid Field Type") is shown in a message box and stays open, so the
+        lines that follow are read as further keys of it; a drop-down whose database file,
+        TABLE or LISTFIELD is missing is shown too and stays without entries. Reading goes on
+        after each message. Other failures, such as an ADDFIELD line without a name, end the
+        reading with an error report; the fields added until then stay.
     */
     void ReadDef(const QString &DefString);
-    //! Adds the one field of a definition string (as ReadDef() reads it) and returns it, or null.
+    /*!
+        Reads \a DefString as ReadDef() does, once the blanks around its lines and its empty
+        lines are dropped, and returns the field that was added last, or null when no block
+        added one (a duplicate name in the last block among them).
+    */
     Field *AddFieldByDefString(const QString &DefString);
     /*!
-        Adds the fields of the definition file \a FileName (text as ReadDef() reads it, over
-        any number of lines) and lays the grid out. A file that cannot be read shows a message
-        and adds nothing.
+        Adds the fields of the definition file \a FileName: a first line
+        `Property Control Definition File` (in any letter case, nothing else on the line), then
+        a definition as ReadDef() reads it, with CR LF line ends; a relative DB in it is looked
+        for beside the file first. The rows are not laid out again.
+
+        A file that does not exist shows the message "Can't Open kwProperty Control Definition
+        file." with its name, and is then reported as error 9, as an empty file is. A file with
+        another first line (a file with bare LF line ends among them) shows that message with
+        "File Format Does not Match!" and adds nothing.
     */
     void LoadDefFile(const QString &FileName);
     /*!
-        Saves every field's value in the per-user settings store (QSettings), under the
-        application \a AppName and the group \a Section, as \a Setting followed by the field's
-        name. A store that cannot be written is reported (see setErrorReportHandler()); no
-        stored value is lost.
+        Saves the values of all fields as one text in the per-user settings store, under the
+        application \a AppName, the section \a Section and the key \a Setting: a line
+        `Name=Value` for each field in the order of Fields, lines separated by CR LF, a CR LF
+        inside a value written as "%CRLF%". The store keeps one INI file per application name,
+        `kwFieldDeck/<AppName>.ini` in the user's configuration folder.
+
+        Blanks around the three names are ignored; an empty one shows "AppName is not
+        optional!" (or "Section ...", "Setting ...") in a message box and nothing is saved. A
+        file that cannot be written is reported as error 75, and the previous file stays whole.
     */
     void SaveValuesToRegistry(
         const QString &AppName, const QString &Section, const QString &Setting);
     /*!
-        Gives every field the value stored by SaveValuesToRegistry() under the same names; a
-        field with no stored value keeps its value. Like any write of a value it raises Changed.
+        Reads the text that SaveValuesToRegistry() stored under \a AppName, \a Section and
+        \a Setting, and gives each field it names the value stored for it with
+        Field::setValue(), which converts it for the field's type and raises Changed as a
+        host's write does. A stored name that no field has is reported as error 5 and skipped;
+        fields that the text does not name keep their values. Empty names show the messages of
+        SaveValuesToRegistry() and change nothing.
     */
     void GetValuesFromRegistry(
         const QString &AppName, const QString &Section, const QString &Setting);
@@ -229,9 +291,12 @@ signals:
     //! Declared for hosts; never raised.
     void MouseUp(int &Button, int &Shift, float &X, float &Y);
     /*!
-        A field's value changed, by the user's edit or by the host's write (Field::setValue(),
-        GetValuesFromRegistry()); \a oField is the field. Raised in run mode only (see
-        ambientUserMode()), after the field's own Field::Changed.
+        The value of the field \a oField changed. Raised after the field's own Field::Changed,
+        once for each change the field's editor reports: every edit of the user (each keystroke
+        in a text box, each step of a slider) and every write of the host that changes what the
+        editor shows (Field::setValue(), and through it Fields::Add(), ReadDef() and
+        GetValuesFromRegistry(); see Field::setValue()). A drop-down field also raises it when
+        its box receives the focus. Raised in run mode only (see ambientUserMode()).
     */
     void Changed(kwFieldDeck::Field *oField);
 

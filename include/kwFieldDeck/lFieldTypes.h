@@ -20,8 +20,8 @@ Q_NAMESPACE_EXPORT(KWFIELDDECK_EXPORT)
 enum lFieldTypes : qint32 {
     ftText = 1, //!< A line of text in a text box.
     ftNumeric = 2, //!< A number in a text box that takes only a number's characters.
-    ftCheckBox = 3, //!< A check box; the value is 1 (checked) or 0.
-    ftCombo = 4, //!< A drop-down list of DropDownValues; the value is the chosen entry.
+    ftCheckBox = 3, //!< A check box; a change of it makes the value 1 (checked) or 0.
+    ftCombo = 4, //!< A drop-down list of DropDownValues; the value is an entry's key or text.
     ftDate = 5, //!< A date picker; the value is a date.
     ftSlider = 6, //!< A slider with a number box, from Field::Min to Field::Max.
     ftFileSelector = 7, //!< A file name with a button that opens a file dialog.
