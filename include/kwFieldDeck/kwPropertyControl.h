@@ -73,7 +73,8 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     Q_PROPERTY(quint32 FieldNameForeColor READ FieldNameForeColor WRITE setFieldNameForeColor
             DESIGNABLE false)
     //! The object that shows the description of the row with the focus.
-    Q_PROPERTY(QObject *DescriptionLabel READ DescriptionLabel WRITE setDescriptionLabel)
+    Q_PROPERTY(
+        QObject *DescriptionLabel READ DescriptionLabel WRITE setDescriptionLabel DESIGNABLE false)
     //! The window the grid is on.
     Q_PROPERTY(QWidget *Parent READ Parent)
     //! A folder the host keeps with the grid; the grid only stores it.

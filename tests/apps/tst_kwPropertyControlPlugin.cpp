@@ -216,6 +216,19 @@ private slots:
             QCOMPARE(shown.pixelColor(sample), picked);
     }
 
+    // Designer has no editor for an object reference and warns each time it meets one, so no
+    // such property of the grid is offered to it.
+    void designerHasAnEditorForEveryPropertyItShows()
+    {
+        const QMetaObject &meta = kwPropertyControl::staticMetaObject;
+        for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+            const QMetaProperty property = meta.property(i);
+            if (property.isDesignable() && property.isWritable())
+                QVERIFY2(
+                    !(property.metaType().flags() & QMetaType::PointerToQObject), property.name());
+        }
+    }
+
 private:
     // Rows of the four colours: the QColor property, its OleColor twin, the twin's default and
     // how that default shows in the test's palette and in a dark one.
