@@ -216,6 +216,42 @@ private slots:
             QCOMPARE(shown.pixelColor(sample), picked);
     }
 
+    // Designer shows a property's tool tip from the plugin's description, matched by name: a
+    // tip for a name that its editor does not list is never seen.
+    void everyToolTipNamesAPropertyDesignerLists()
+    {
+        const QHash<QString, QString> tips = propertyToolTips();
+        QVERIFY(!tips.isEmpty());
+        const QMetaObject &meta = kwPropertyControl::staticMetaObject;
+        for (auto tip = tips.cbegin(); tip != tips.cend(); ++tip) {
+            const int index = meta.indexOfProperty(tip.key().toLatin1());
+            QVERIFY2(index >= 0 && meta.property(index).isDesignable(), qPrintable(tip.key()));
+        }
+    }
+
+    // The twip sizes are plain numbers in Designer; their tool tips say what the numbers mean.
+    void toolTipSaysWhatTheNumberMeans_data()
+    {
+        QTest::addColumn<QString>("property");
+        QTest::addColumn<QStringList>("mentions");
+        const QStringList twips { QStringLiteral("twips"), QStringLiteral("1440"),
+            QStringLiteral("15 to a pixel") };
+        QTest::newRow("FieldNameWidth") << QStringLiteral("FieldNameWidth") << twips;
+        QTest::newRow("RowHeight") << QStringLiteral("RowHeight") << twips;
+        QTest::newRow("Appearance")
+            << QStringLiteral("Appearance") << QStringList { QStringLiteral("0 flat, 1 sunken") };
+        QTest::newRow("backgroundColor")
+            << QStringLiteral("backgroundColor") << QStringList { QStringLiteral("Reset") };
+    }
+    void toolTipSaysWhatTheNumberMeans()
+    {
+        QFETCH(QString, property);
+        QFETCH(QStringList, mentions);
+        const QString tip = propertyToolTips().value(property);
+        for (const QString &mention : mentions)
+            QVERIFY2(tip.contains(mention), qPrintable(property + QStringLiteral(": ") + tip));
+    }
+
     // Designer has no editor for an object reference and warns each time it meets one, so no
     // such property of the grid is offered to it.
     void designerHasAnEditorForEveryPropertyItShows()
@@ -261,6 +297,20 @@ private:
         dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
         dark.setColor(QPalette::Text, QColor(0xE8, 0xE8, 0xE0));
         return dark;
+    }
+
+    // The tool tips in the plugin's description, by property name, read as Designer reads them.
+    QHash<QString, QString> propertyToolTips() const
+    {
+        QHash<QString, QString> tips;
+        QXmlStreamReader xml(m_plugin->domXml());
+        while (!xml.atEnd()) {
+            if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"tooltip") {
+                const QString name = xml.attributes().value("name").toString();
+                tips.insert(name, xml.readElementText().trimmed());
+            }
+        }
+        return tips;
     }
 
     QDesignerCustomWidgetInterface *m_plugin = nullptr;
