@@ -60,6 +60,7 @@ void kwPropertyControlPlugin::initialize(QDesignerFormEditorInterface *)
 namespace {
 // Designer's property editor shows these as the tool tips of the properties' names, in place of
 // the bare "name (type)": the units and codes that the grid inherited from the original control.
+// A line break starts a new line of the tip.
 struct PropertyToolTip
 {
     const char *property;
@@ -67,39 +68,41 @@ struct PropertyToolTip
 };
 const PropertyToolTip propertyToolTips[] = {
     { "backgroundColor",
-        "The colour behind the rows. Reset gives back the system button face, which follows the "
+        "The colour behind the rows.\nReset gives back the system button face, which follows the "
         "desktop's palette." },
-    { "foregroundColor", "A text colour the grid only stores and saves. Reset gives back black." },
+    { "foregroundColor", "A text colour the grid only stores and saves.\nReset gives back black." },
     { "fieldNameBackgroundColor",
-        "The background of the name cells. Reset gives back the system window background, which "
-        "follows the desktop's palette." },
+        "The background of the name cells.\nReset gives back the system window background, "
+        "which follows the desktop's palette." },
     { "fieldNameForegroundColor",
-        "The text colour of the name cells. Reset gives back the system window text, which "
+        "The text colour of the name cells.\nReset gives back the system window text, which "
         "follows the desktop's palette." },
     { "FieldNameWidth",
-        "The width of the name column, in twips: 1440 to the inch, 15 to a pixel on a 96 dpi "
-        "screen; the default 750 is 50 pixels. A width that leaves no room for the scroll bar is "
+        "The width of the name column, in twips.\n1440 twips to the inch, 15 to a pixel on a "
+        "96 dpi screen: 750 is 50 pixels.\nA width that leaves no room for the scroll bar is "
         "refused." },
     { "RowHeight",
-        "The height of every row, in twips: 1440 to the inch, 15 to a pixel on a 96 dpi screen; "
-        "the default 315 is 21 pixels. Neighbouring rows share a 15-twip border line." },
+        "The height of every row, in twips.\n1440 twips to the inch, 15 to a pixel on a 96 dpi "
+        "screen: 315 is 21 pixels.\nNeighbouring rows share a border line 15 twips thick." },
     { "Appearance", "The viewport's border: 0 flat, 1 sunken (the default)." },
     { "BackStyle", "0 transparent, 1 opaque; the grid only stores and saves it." },
     { "BorderStyle", "0 none, 1 single; the grid only stores and saves it." },
     { "ScaleMode", "The coordinate unit: 1, twips, is the one the grid lays out in." },
     { "Enabled",
-        "A flag the grid only stores and saves; the rows stay enabled. QWidget's enabled is the "
+        "A flag the grid only stores and saves; the rows stay enabled.\nQWidget's enabled is the "
         "one that disables the grid." },
     { "AppPath", "A folder the host keeps with the grid; the grid only stores it." },
 };
 
-// A tool tip in rich text wraps at a readable width; plain text would run on in one line.
+// Rich text keeps the lines as written; a plain tip would run on in one line across the screen.
 QString propertySpecifications()
 {
     QString xml;
     for (const PropertyToolTip &tip : propertyToolTips) {
-        const QString richText
-            = QStringLiteral("<p>%1</p>").arg(QString::fromUtf8(tip.toolTip).toHtmlEscaped());
+        const QString lines = QString::fromUtf8(tip.toolTip)
+                                  .toHtmlEscaped()
+                                  .replace(QLatin1Char('\n'), QLatin1String("<br>"));
+        const QString richText = QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(lines);
         xml += QStringLiteral("    <tooltip name=\"%1\">%2</tooltip>\n")
                    .arg(QLatin1String(tip.property), richText.toHtmlEscaped());
     }
