@@ -2,6 +2,7 @@
 
 #include <kwFieldDeck/Global.h>
 
+#include <QColor>
 #include <QFont>
 #include <QString>
 #include <QWidget>
@@ -53,9 +54,9 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     //! The grid's fields.
     Q_PROPERTY(kwFieldDeck::Fields *Fields READ Fields)
     //! The colour behind the rows, as an OleColor.
-    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor DESIGNABLE false)
     //! A text colour that the grid only stores, as an OleColor.
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor DESIGNABLE false)
     //! A flag that the grid only stores and saves; the rows stay enabled.
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
     //! The font of the name cells and editors.
@@ -69,11 +70,14 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     //! The viewport's border: 0 flat, 1 sunken.
     Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
     //! The background of the name cells, as an OleColor.
-    Q_PROPERTY(quint32 FieldNameBackColor READ FieldNameBackColor WRITE setFieldNameBackColor)
+    Q_PROPERTY(quint32 FieldNameBackColor READ FieldNameBackColor WRITE setFieldNameBackColor
+            DESIGNABLE false)
     //! The text colour of the name cells, as an OleColor.
-    Q_PROPERTY(quint32 FieldNameForeColor READ FieldNameForeColor WRITE setFieldNameForeColor)
+    Q_PROPERTY(quint32 FieldNameForeColor READ FieldNameForeColor WRITE setFieldNameForeColor
+            DESIGNABLE false)
     //! The object that shows the description of the row with the focus.
-    Q_PROPERTY(QObject *DescriptionLabel READ DescriptionLabel WRITE setDescriptionLabel)
+    Q_PROPERTY(
+        QObject *DescriptionLabel READ DescriptionLabel WRITE setDescriptionLabel DESIGNABLE false)
     //! The window the grid is on.
     Q_PROPERTY(QWidget *Parent READ Parent)
     //! A folder the host keeps with the grid; the grid only stores it.
@@ -86,6 +90,20 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     Q_PROPERTY(int FirstRow READ FirstRow WRITE setFirstRow)
     //! Whether the host runs (true) or designs a form (false); only a running grid raises Changed.
     Q_PROPERTY(bool ambientUserMode READ ambientUserMode WRITE setAmbientUserMode DESIGNABLE false)
+    // The four colours as Designer's colour editor shows them; the OleColor properties above
+    // hold the same values for code and for saving.
+    //! The colour behind the rows as it shows on screen; reset gives back the button face.
+    Q_PROPERTY(QColor backgroundColor READ backgroundColor WRITE setBackgroundColor RESET
+            resetBackgroundColor)
+    //! The stored text colour as a QColor; reset gives back black.
+    Q_PROPERTY(QColor foregroundColor READ foregroundColor WRITE setForegroundColor RESET
+            resetForegroundColor)
+    //! The background of the name cells as it shows on screen; reset gives back the window colour.
+    Q_PROPERTY(QColor fieldNameBackgroundColor READ fieldNameBackgroundColor WRITE
+            setFieldNameBackgroundColor RESET resetFieldNameBackgroundColor)
+    //! The text colour of the name cells as it shows on screen; reset gives back the window text.
+    Q_PROPERTY(QColor fieldNameForegroundColor READ fieldNameForegroundColor WRITE
+            setFieldNameForegroundColor RESET resetFieldNameForegroundColor)
 public:
     //! An empty grid, a child of \a parent, with the properties of a new instance.
     explicit kwPropertyControl(QWidget *parent = nullptr);
@@ -272,6 +290,56 @@ public:
     */
     void GetValuesFromRegistry(
         const QString &AppName, const QString &Section, const QString &Setting);
+
+    /*!
+        The colour behind the rows as it shows on screen: BackColor() with a system colour
+        looked up in the application's palette (the button colour by default).
+    */
+    QColor backgroundColor() const;
+    /*!
+        Sets the colour behind the rows to \a color, kept as an explicit OleColor in
+        BackColor(); the alpha channel is dropped. An invalid \a color restores the default, as
+        resetBackgroundColor() does.
+    */
+    void setBackgroundColor(const QColor &color);
+    //! Gives the rows the system button face (`0x8000000F`) behind them again.
+    void resetBackgroundColor();
+    //! The text colour that the grid stores, ForeColor(), as a QColor. Default black.
+    QColor foregroundColor() const;
+    /*!
+        Stores \a color as an explicit OleColor in ForeColor(); the alpha channel is dropped and
+        nothing is repainted. An invalid \a color restores the default, black.
+    */
+    void setForegroundColor(const QColor &color);
+    //! Stores the default text colour again: 0, black.
+    void resetForegroundColor();
+    /*!
+        The background of the name cells as it shows on screen: FieldNameBackColor() with a
+        system colour looked up in the application's palette (the base colour of text entry
+        widgets by default).
+    */
+    QColor fieldNameBackgroundColor() const;
+    /*!
+        Sets the background of every name cell, also of the rows to come, to \a color, kept as an
+        explicit OleColor in FieldNameBackColor(); the alpha channel is dropped. An invalid
+        \a color restores the default, as resetFieldNameBackgroundColor() does.
+    */
+    void setFieldNameBackgroundColor(const QColor &color);
+    //! Gives the name cells the system window background (`0x80000005`) again.
+    void resetFieldNameBackgroundColor();
+    /*!
+        The text colour of the name cells as it shows on screen: FieldNameForeColor() with a
+        system colour looked up in the application's palette (its text colour by default).
+    */
+    QColor fieldNameForegroundColor() const;
+    /*!
+        Sets the text colour of every name cell, also of the rows to come, to \a color, kept as an
+        explicit OleColor in FieldNameForeColor(); the alpha channel is dropped. An invalid
+        \a color restores the default, as resetFieldNameForegroundColor() does.
+    */
+    void setFieldNameForegroundColor(const QColor &color);
+    //! Gives the name cells the system window text colour (`0x80000008`) again.
+    void resetFieldNameForegroundColor();
 
 signals:
     //! Declared for hosts of the original control; never raised, since input belongs to the rows.

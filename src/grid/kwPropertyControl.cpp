@@ -361,7 +361,7 @@ void kwPropertyControlPrivate::SetFocus()
 void kwPropertyControlPrivate::UserControl_InitProperties()
 {
     trap("Sub 'UserControl_InitProperties' of User Control 'kwPropertyControl'", [&] {
-        m_ForeColor = 0;
+        m_ForeColor = DefaultForeColor;
         m_Enabled = false;
         // Only the reference is kept here; the canvas and the fields get the font when it is set.
         m_Font = ambientFont();
@@ -369,8 +369,8 @@ void kwPropertyControlPrivate::UserControl_InitProperties()
         m_BorderStyle = 0;
         m_FieldNameWidth = 750;
         m_RowHeight = 315;
-        m_FieldNameBackColor = SystemColor::WindowBackground;
-        m_FieldNameForeColor = SystemColor::WindowText;
+        m_FieldNameBackColor = DefaultFieldNameBackColor;
+        m_FieldNameForeColor = DefaultFieldNameForeColor;
     });
 }
 
@@ -379,8 +379,8 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
     trap("Sub 'UserControl_ReadProperties' of User Control 'kwPropertyControl'", [&] {
         // Only the viewport takes the restored colour; the canvas keeps its own (intended).
         picOuter->setBackColor(
-            colorOf(PropBag.ReadProperty("BackColor", quint32(SystemColor::ButtonFace))));
-        m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(0)));
+            colorOf(PropBag.ReadProperty("BackColor", quint32(DefaultBackColor))));
+        m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(DefaultForeColor)));
         m_Enabled = toBool(PropBag.ReadProperty("Enabled", false));
         const QVariant font = PropBag.ReadProperty("Font", ambientFont());
         applyFont(font.canConvert<QFont>() ? font.value<QFont>() : ambientFont());
@@ -391,9 +391,9 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
         setSurfaceScaleMode(toInt16(PropBag.ReadProperty("ScaleMode", qint16(1))));
         picOuter->setAppearance(toInt16(PropBag.ReadProperty("Appearance", qint16(1))));
         m_FieldNameBackColor = colorOf(
-            PropBag.ReadProperty("FieldNameBackColor", quint32(SystemColor::WindowBackground)));
-        m_FieldNameForeColor
-            = colorOf(PropBag.ReadProperty("FieldNameForeColor", quint32(SystemColor::WindowText)));
+            PropBag.ReadProperty("FieldNameBackColor", quint32(DefaultFieldNameBackColor)));
+        m_FieldNameForeColor = colorOf(
+            PropBag.ReadProperty("FieldNameForeColor", quint32(DefaultFieldNameForeColor)));
     });
 }
 
@@ -401,8 +401,8 @@ void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag)
 {
     trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
         PropBag.WriteProperty(
-            "BackColor", quint32(picOuter->BackColor()), quint32(SystemColor::ButtonFace));
-        PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(0));
+            "BackColor", quint32(picOuter->BackColor()), quint32(DefaultBackColor));
+        PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(DefaultForeColor));
         PropBag.WriteProperty("Enabled", m_Enabled, false);
         PropBag.WriteProperty("Font", m_Font, ambientFont());
         PropBag.WriteProperty("BackStyle", m_BackStyle, qint16(0));
@@ -412,9 +412,9 @@ void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag)
         PropBag.WriteProperty("ScaleMode", qint16(surfaceScaleMode()), qint16(1));
         PropBag.WriteProperty("Appearance", qint16(picOuter->Appearance()), qint16(1));
         PropBag.WriteProperty("FieldNameBackColor", quint32(m_FieldNameBackColor),
-            quint32(SystemColor::WindowBackground));
-        PropBag.WriteProperty(
-            "FieldNameForeColor", quint32(m_FieldNameForeColor), quint32(SystemColor::WindowText));
+            quint32(DefaultFieldNameBackColor));
+        PropBag.WriteProperty("FieldNameForeColor", quint32(m_FieldNameForeColor),
+            quint32(DefaultFieldNameForeColor));
     });
 }
 

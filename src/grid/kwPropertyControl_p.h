@@ -89,11 +89,19 @@ public:
     void ShowDescription(const QString &description) override;
     void RaiseChangedEvent(Field *oField) override;
 
-    OleColor m_FieldNameBackColor = SystemColor::WindowBackground;
-    OleColor m_FieldNameForeColor = SystemColor::WindowText;
+    // The colours of a new grid, also what a reset gives back and what a save leaves out.
+    static constexpr OleColor DefaultBackColor = SystemColor::ButtonFace;
+    static constexpr OleColor DefaultForeColor = 0;
+    static constexpr OleColor DefaultFieldNameBackColor = SystemColor::WindowBackground;
+    static constexpr OleColor DefaultFieldNameForeColor = SystemColor::WindowText;
+    QColor screenColor(OleColor color) const;
+    static OleColor oleColorOr(const QColor &color, OleColor fallback);
+
+    OleColor m_FieldNameBackColor = DefaultFieldNameBackColor;
+    OleColor m_FieldNameForeColor = DefaultFieldNameForeColor;
     float m_RowHeight = 315;
     float m_FieldNameWidth = 750;
-    OleColor m_ForeColor = 0;
+    OleColor m_ForeColor = DefaultForeColor;
     bool m_Enabled = false;
     QFont m_Font;
     qint16 m_BackStyle = 0;
