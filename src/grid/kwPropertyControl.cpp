@@ -249,7 +249,14 @@ kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
     FieldsPrivate::get(m_Fields)->m_ParentClass = this;
 }
 
-kwPropertyControlPrivate::~kwPropertyControlPrivate() = default;
+kwPropertyControlPrivate::~kwPropertyControlPrivate()
+{
+    // The rows go before their controls: a control that leaves passes the focus on to another
+    // row, whose handlers would otherwise reach controls already gone.
+    m_RowOrder.clear();
+    m_RowsShown.clear();
+    delete m_Fields;
+}
 
 OleColor kwPropertyControlPrivate::BackColor() const
 {

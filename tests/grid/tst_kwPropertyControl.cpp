@@ -409,6 +409,38 @@ private slots:
 
     // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
     // few whole rows, and still does when its window is made as small as it goes.
+    // A grid goes while a row of it has the focus: its controls leave one by one, and the focus
+    // that each passes on must not reach the rows' handlers.
+    void deletingAGridWithTheFocusInARow_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("text") << int(ftText);
+        QTest::newRow("check") << int(ftCheckBox);
+        QTest::newRow("drop-down") << int(ftCombo);
+        QTest::newRow("file") << int(ftFileSelector);
+    }
+
+    void deletingAGridWithTheFocusInARow()
+    {
+        QFETCH(int, type);
+        QWidget window;
+        window.resize(400, 300);
+        QLineEdit outside(&window);
+        outside.move(0, 250);
+        auto *grid = new kwPropertyControl(&window);
+        grid->setGeometry(0, 0, 400, 240);
+        for (const char *name : { "First", "Second", "Third" })
+            grid->Fields()->Add(QLatin1String(name), lFieldTypes(type));
+        grid->Refresh(true);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        grid->Fields()->Item(QStringLiteral("Second"))->SetFocus();
+        QTRY_VERIFY(grid->isAncestorOf(QApplication::focusWidget()));
+        delete grid;
+        QVERIFY(!window.findChild<kwPropertyControl *>());
+        QTest::keyClick(&window, Qt::Key_Tab);
+    }
+
     void aloneInALayoutTheGridShowsAFewRows()
     {
         test::ErrorRecorder errors;
