@@ -4,6 +4,8 @@
 
 #include "FormMessages.h"
 
+#include "TestSupport.h"
+
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/HostHooks>
 #include <kwFieldDeck/kwPropertyControl>
@@ -15,13 +17,6 @@
 using namespace kwFieldDeck;
 
 namespace {
-struct Asked
-{
-    QString prompt;
-    int style = -1;
-    QString title;
-};
-
 // Calls the message-box handler installed now, as the library calls it for a box.
 int askInstalledHandler(const QString &prompt, int style, const QString &title)
 {
@@ -72,12 +67,7 @@ private slots:
     // A handler that a host or a test installed before the program's answers in its place.
     void aHandlerInstalledBeforeAnswersTheBox()
     {
-        QVector<Asked> asked;
-        const MessageBoxHandler before = setMessageBoxHandler(
-            [&asked](const QString &prompt, int style, const QString &title) {
-                asked.append({ prompt, style, title });
-                return MsgBoxResult::No;
-            });
+        const test::MessageRecorder before(MsgBoxResult::No);
         {
             FormMessages messages(false);
             messages.setPathAlias(QStringLiteral("/tmp/copy"), QStringLiteral("/home"));
@@ -85,17 +75,15 @@ private slots:
             QCOMPARE(askInstalledHandler(
                          QStringLiteral("Keep /tmp/copy?"), style, QStringLiteral("Title")),
                 MsgBoxResult::No);
-            QCOMPARE(asked.size(), 1);
-            QCOMPARE(asked.at(0).prompt, QStringLiteral("Keep /home?"));
-            QCOMPARE(asked.at(0).style, style);
-            QCOMPARE(asked.at(0).title, QStringLiteral("Title"));
+            QCOMPARE(before.messages.size(), 1);
+            QCOMPARE(before.messages.at(0).prompt, QStringLiteral("Keep /home?"));
+            QCOMPARE(before.messages.at(0).style, style);
+            QCOMPARE(before.messages.at(0).title, QStringLiteral("Title"));
             QCOMPARE(messages.messages(), QStringList { "Keep /home?" });
         }
         // The program's handler is gone with it.
         askInstalledHandler(QStringLiteral("After"), MsgBoxStyle::OKOnly, QString());
-        QCOMPARE(asked.size(), 2);
-        QCOMPARE(asked.at(1).prompt, QStringLiteral("After"));
-        setMessageBoxHandler(before);
+        QCOMPARE(before.prompts(), QStringList({ "Keep /home?", "After" }));
     }
 
     // With a display and no other handler, the box is the library's own: its icon, buttons and
