@@ -4,8 +4,7 @@
 // and the error report. Each recorder installs itself for its lifetime and restores the previous
 // handler afterwards.
 
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
+#include <kwFieldDeck/HostHooks.h>
 
 #include <QFile>
 #include <QString>

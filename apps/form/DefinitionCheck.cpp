@@ -3,11 +3,9 @@
 #include "DefinitionFile.h"
 #include "FormMessages.h"
 
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
-
 #include <kwFieldDeck/Field>
 #include <kwFieldDeck/Fields>
+#include <kwFieldDeck/HostHooks>
 #include <kwFieldDeck/kwPropertyControl>
 
 #include <QFileInfo>

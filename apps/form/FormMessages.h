@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MessageBox.h"
+#include <kwFieldDeck/HostHooks.h>
 
 #include <QString>
 #include <QStringList>
@@ -8,8 +8,9 @@
 namespace kwFieldDeck {
 
 // The form program's answer to the library's message boxes while it runs: each message is kept
-// (so the program can tell why a definition did not load), and with no display it is written to
-// standard error and answered with the default button instead of waiting for a click.
+// (so the program can tell why a definition did not load). With a display the box is shown as the
+// library shows it, or answered by the handler installed before; with no display it is written
+// to standard error and answered with the default button instead of waiting for a click.
 class FormMessages
 {
 public:

@@ -1,7 +1,5 @@
 #include "FormWindow.h"
 
-#include "platform/Control.h"
-
 #include <kwFieldDeck/Field>
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/kwPropertyControl>
@@ -10,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QImage>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,6 +21,17 @@ namespace {
 constexpr int MostRowsShown = 16;
 // Room for the editors right of the name column, in pixels.
 constexpr int EditorColumnWidth = 300;
+
+// Twips in a pixel of the screen, as the grid counts them: 1440 to the logical inch.
+double twipsPerPixel(Qt::Orientation orientation)
+{
+    double dpi = 0.0;
+    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+        dpi = orientation == Qt::Horizontal ? screen->logicalDotsPerInchX()
+                                            : screen->logicalDotsPerInchY();
+    }
+    return 1440.0 / (dpi > 0 ? dpi : 96.0);
+}
 } // namespace
 
 FormWindow::FormWindow(QWidget *parent)
@@ -58,12 +68,14 @@ void FormWindow::fitToFields()
     // Half a row more than the rows themselves: the grid's scroll range counts whole row
     // heights against the viewport, and from this height on it needs no scrolling.
     const double shown = std::min(rows, MostRowsShown) + 0.5;
-    const int height = int(std::ceil(shown * m_grid->RowHeight() / twipsPerPixelY())) + 4;
-    const int width = int(m_grid->FieldNameWidth() / twipsPerPixelX()) + EditorColumnWidth;
+    const int height
+        = int(std::ceil(shown * m_grid->RowHeight() / twipsPerPixel(Qt::Vertical))) + 4;
+    const int width
+        = int(m_grid->FieldNameWidth() / twipsPerPixel(Qt::Horizontal)) + EditorColumnWidth;
     m_grid->setMinimumSize(width, height);
     adjustSize();
     // The user may make the window smaller again; the grid scrolls then.
-    m_grid->setMinimumSize(0, int(3 * m_grid->RowHeight() / twipsPerPixelY()));
+    m_grid->setMinimumSize(0, int(3 * m_grid->RowHeight() / twipsPerPixel(Qt::Vertical)));
 }
 
 void FormWindow::showEvent(QShowEvent *event)

@@ -1,5 +1,6 @@
 #include "platform/ClassFactory.h"
 #include "platform/Control.h"
+#include "platform/Error.h"
 
 #include "TestSupport.h"
 
