@@ -82,7 +82,8 @@ public:
 
     void scrollStep()
     {
-        auto *bar = static_cast<VScrollBar *>(m_grid->Controls().Item(QStringLiteral("VScroll1")));
+        auto *bar = static_cast<VScrollBar *>(
+            kwPropertyControlPrivate::get(m_grid)->Controls().Item(QStringLiteral("VScroll1")));
         bar->setValue(bar->Value() + 1 > bar->Max() / 2 ? 0 : bar->Value() + 1);
         QCoreApplication::processEvents();
     }
