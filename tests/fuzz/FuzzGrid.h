@@ -69,7 +69,7 @@ public:
     {
         const TextBox *above = nullptr;
         for (Field *field : *grid->Fields()) {
-            const TextBox *label = field->FieldNameControl();
+            const TextBox *label = FieldPrivate::get(field)->FieldNameControl();
             if (!label)
                 continue;
             if (above) {
