@@ -54,8 +54,6 @@ public:
     explicit UserControl(QWidget *surface);
     ~UserControl() override;
 
-    QWidget *surface() const { return m_surface; }
-
     // The control its container sees, when it was created as a child control; else null.
     Control *extender() const;
     // The outer size as the container sees it, in twips.
