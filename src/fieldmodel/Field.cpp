@@ -7,7 +7,6 @@
 #include "editors/kwSimpleCheck.h"
 #include "editors/kwSliderValue.h"
 #include "fieldmodel/DropDownValues_p.h"
-#include "fieldmodel/FieldHost.h"
 #include "fieldmodel/Fields_p.h"
 #include "platform/ComboBox.h"
 #include "platform/DatePicker.h"

@@ -2,7 +2,6 @@
 // change chain that keeps the value current and tells the grid, the row-focus routine, the row
 // navigation keys and the numeric key filter.
 
-#include "fieldmodel/FieldHost.h"
 #include "fieldmodel/Field_p.h"
 
 #include "editors/kwComboField.h"

@@ -2,6 +2,7 @@
 
 #include <kwFieldDeck/Field.h>
 
+#include "fieldmodel/FieldHost.h"
 #include "platform/Colors.h"
 
 #include <QFont>
@@ -10,16 +11,7 @@
 namespace kwFieldDeck {
 
 class Control;
-class DatePicker;
-class FieldHost;
 class Fields;
-class TextBox;
-class kwComboField;
-class kwFileSelectorField;
-class kwFolderSelectorField;
-class kwMemoField;
-class kwSimpleCheck;
-class kwSliderValue;
 
 // What a field keeps: its properties, the two controls that show it (the name cell and the
 // editor of its type) and the handlers of their events.

@@ -1,6 +1,5 @@
 #include "fieldmodel/Fields_p.h"
 
-#include "fieldmodel/FieldHost.h"
 #include "fieldmodel/Field_p.h"
 
 #include "platform/Error.h"
