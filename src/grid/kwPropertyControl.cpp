@@ -251,11 +251,13 @@ kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
 
 kwPropertyControlPrivate::~kwPropertyControlPrivate()
 {
-    // The rows go before their controls: a control that leaves passes the focus on to another
-    // row, whose handlers would otherwise reach controls already gone.
+    // The rows go first, then their controls, while this is whole: a control that leaves passes
+    // the focus on, to another row, whose handlers would reach controls already gone, or to the
+    // grid, which realizes the row it comes to.
     m_RowOrder.clear();
     m_RowsShown.clear();
     delete m_Fields;
+    Controls().deleteAll();
 }
 
 OleColor kwPropertyControlPrivate::BackColor() const

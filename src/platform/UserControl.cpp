@@ -7,6 +7,8 @@
 
 #include <QApplication>
 
+#include <utility>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -41,6 +43,13 @@ Control *ControlCollection::Add(const QString &classId, const QString &name, Con
     Control *control = create(classId, name);
     control->setContainer(container);
     return control;
+}
+
+void ControlCollection::deleteAll()
+{
+    const QVector<Control *> controls = std::exchange(m_controls, {});
+    m_byName.clear();
+    qDeleteAll(controls);
 }
 
 Control *ControlCollection::Item(const QString &name) const

@@ -29,6 +29,9 @@ public:
     Control *Add(const QString &classId, const QString &name, QWidget *container);
     Control *Add(const QString &classId, const QString &name, Control *container);
     Control *Item(const QString &name) const;
+    // Deletes every control now, while the user control that made them is still whole: a
+    // control that leaves may move the focus, and the focus handlers reach back into it.
+    void deleteAll();
     int Count() const { return int(m_controls.size()); }
     QVector<Control *>::const_iterator begin() const { return m_controls.cbegin(); }
     QVector<Control *>::const_iterator end() const { return m_controls.cend(); }
