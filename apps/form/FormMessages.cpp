@@ -2,60 +2,11 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QRegularExpression>
 
 #include <cstdio>
 
 namespace kwFieldDeck {
-
-namespace {
-QMessageBox::Icon iconOf(int style)
-{
-    switch (style & 0x70) {
-    case MsgBoxStyle::Critical:
-        return QMessageBox::Critical;
-    case MsgBoxStyle::Question:
-        return QMessageBox::Question;
-    case MsgBoxStyle::Exclamation:
-        return QMessageBox::Warning;
-    case MsgBoxStyle::Information:
-        return QMessageBox::Information;
-    default:
-        return QMessageBox::NoIcon;
-    }
-}
-
-QMessageBox::StandardButtons buttonsOf(int style)
-{
-    switch (style & 0x0F) {
-    case MsgBoxStyle::OKCancel:
-        return QMessageBox::Ok | QMessageBox::Cancel;
-    case MsgBoxStyle::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    default:
-        return QMessageBox::Ok;
-    }
-}
-
-// The box as the library shows it when no handler answers: icon and buttons from the style, and
-// the application's name for an empty title.
-int showBox(const QString &text, int style, const QString &title)
-{
-    QMessageBox box(iconOf(style), title.isEmpty() ? QCoreApplication::applicationName() : title,
-        text, buttonsOf(style));
-    switch (box.exec()) {
-    case QMessageBox::Cancel:
-        return MsgBoxResult::Cancel;
-    case QMessageBox::Yes:
-        return MsgBoxResult::Yes;
-    case QMessageBox::No:
-        return MsgBoxResult::No;
-    default:
-        return MsgBoxResult::OK;
-    }
-}
-} // namespace
 
 FormMessages::FormMessages(bool headless)
     : m_headless(headless)
@@ -103,7 +54,7 @@ int FormMessages::answer(const QString &prompt, int style, const QString &title)
     m_messages.append(text);
 
     if (!m_headless)
-        return m_previous ? m_previous(text, style, title) : showBox(text, style, title);
+        return m_previous(text, style, title);
 
     const QString shownTitle = title.isEmpty() ? QCoreApplication::applicationName() : title;
     const QByteArray line = (shownTitle + QLatin1String(": ") + asOneLine(text)).toUtf8();

@@ -65,8 +65,9 @@ using MessageBoxHandler
 
 /*!
     Installs \a handler, which answers every message box the library would show (for tests and
-    for programs without a display), and returns the handler installed before. An empty handler
-    restores the QMessageBox.
+    for programs without a display), and returns the handler installed before: when there was
+    none, the library's own QMessageBox, so that a handler that only looks on can pass the box
+    on. An empty handler restores the QMessageBox.
 */
 KWFIELDDECK_EXPORT MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler);
 

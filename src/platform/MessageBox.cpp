@@ -67,7 +67,7 @@ MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler)
 {
     MessageBoxHandler previous = std::move(installedHandler());
     installedHandler() = std::move(handler);
-    return previous;
+    return previous ? previous : MessageBoxHandler(showMessageBox);
 }
 
 } // namespace kwFieldDeck
