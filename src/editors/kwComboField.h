@@ -1,50 +1,35 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include "editors/EditorState.h"
+
+#include <QComboBox>
 
 namespace kwFieldDeck {
 
-class ComboBox;
-
-// The editor of a drop-down field: one combo box, cbo, filled by its field. The value is the
-// selected entry's item datum as text, or the entry's text, as UseItemData says.
-class kwComboField : public kwEditorControl
+// The editor of a drop-down row: the list box cbo. Its value is the selected entry's number or
+// its text, as UseItemData says.
+class kwComboField : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QString Value READ Value WRITE setValue)
-    Q_PROPERTY(bool UseItemData READ UseItemData WRITE setUseItemData)
-    Q_PROPERTY(qint16 Style READ Style)
 public:
-    kwComboField();
+    explicit kwComboField(QWidget *parent = nullptr);
 
-    QString Value() const;
-    void setValue(const QString &value);
-    bool UseItemData() const { return m_UseItemData; }
-    void setUseItemData(bool useItemData) { m_UseItemData = useItemData; }
-    // The combo box itself, for the field to fill.
-    ComboBox *ComboControl() const { return cbo; }
-    qint16 Style() const;
+    // Shows the entries and the selection without raising Change.
+    void showEntries(const QVector<ComboEntry> &entries, int listIndex);
 
-    void setEnabled(bool enabled) override;
-    QFont Font() const override;
-    void setFont(const QFont &font) override;
+    QComboBox *const cbo;
 
 signals:
+    // The user picked an entry; also raised when the box receives the focus (intended).
     void Change();
+    void HasFocus();
 
 protected:
-    Control *focusTarget() override;
-    QVector<PersistedProperty> persistedProperties() override;
-    void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void cbo_Click();
-    void cbo_GotFocus();
-
-    ComboBox *cbo;
-    QString m_Value;
-    bool m_UseItemData = true;
+    bool m_showing = false;
 };
 
 } // namespace kwFieldDeck

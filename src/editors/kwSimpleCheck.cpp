@@ -1,115 +1,89 @@
 #include "editors/kwSimpleCheck.h"
 
-#include "platform/CheckBox.h"
-#include "platform/Services.h"
-#include "util/Placement.h"
-
-#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
 
 #include <algorithm>
 
 namespace kwFieldDeck {
 
 namespace {
-const bool registered = registerEditor<kwSimpleCheck>("kwSimpleCheck");
+// A click checks the box unless it is checked: a grayed box becomes checked, never unchecked.
+class ToggleCheckBox : public QCheckBox
+{
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void nextCheckState() override
+    {
+        setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    }
+};
+
+const Qt::CheckState states[] = { Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked };
 } // namespace
 
-kwSimpleCheck::kwSimpleCheck()
-    : kwEditorControl("kwSimpleCheck")
+kwSimpleCheck::kwSimpleCheck(QWidget *parent)
+    : QWidget(parent)
+    , Check1(new ToggleCheckBox(this))
 {
-    Q_UNUSED(registered)
-    Check1 = addChild<CheckBox>("Check1");
-    // Only the box shows; the caption stays outside the 200 by 200 twips, or outside the square
-    // that the style's box needs where that is larger.
-    Check1->setCaption(QStringLiteral("Check1"));
-    const float side = std::max(200.0f, Check1->boxSide());
-    Check1->Move(0, 0, side, side);
-    connect(Check1, &Control::Click, this, &kwSimpleCheck::Check1_Click);
-    connect(Check1, &Control::GotFocus, this, &kwSimpleCheck::Check1_GotFocus);
-    connect(Check1, &Control::KeyDown, this, &kwSimpleCheck::Check1_KeyDown);
+    // The surface is opaque in the canvas colour, as the idle row is painted.
+    setAutoFillBackground(true);
+    Check1->setObjectName(QStringLiteral("Check1"));
+    // Only the box shows: the caption stays empty.
+    Check1->setTristate(false);
+    Check1->installEventFilter(this);
+    Check1->setProperty("kwRowKeys", true);
+    connect(Check1, &QCheckBox::stateChanged, this, [this] {
+        if (!m_showing)
+            emit Click();
+    });
 }
 
 qint16 kwSimpleCheck::Value() const
 {
-    return trap(source("Property", "Value").constData(), [&] { return Check1->Value(); });
+    switch (Check1->checkState()) {
+    case Qt::Checked:
+        return 1;
+    case Qt::PartiallyChecked:
+        return 2;
+    default:
+        return 0;
+    }
 }
 
-void kwSimpleCheck::setValue(qint16 value)
+void kwSimpleCheck::showValue(qint16 value)
 {
-    changeProperty("Value", [&] { Check1->setValue(value); });
+    m_showing = true;
+    Check1->setCheckState(states[std::clamp<int>(value, 0, 2)]);
+    m_showing = false;
 }
 
-QVector<kwEditorControl::PersistedProperty> kwSimpleCheck::persistedProperties()
+// A click beside the box toggles it as the box would, and puts the focus in the box.
+void kwSimpleCheck::mouseReleaseEvent(QMouseEvent *event)
 {
-    return {
-        surfaceBackColorProperty(SystemColor::ButtonFace),
-        foreColorMemberProperty(),
-        enabledMemberProperty(false),
-        fontProperty(
-            "Font", [this] { return m_Font; }, [this](const QFont &f) { m_Font = f; }),
-        surfaceBackStyleProperty(),
-        surfaceBorderStyleProperty(),
-        int16Property(
-            "Value", 0, [this] { return Check1->Value(); },
-            [this](qint16 v) { Check1->setValue(v); }),
-    };
+    QWidget::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint()))
+        return;
+    Check1->setFocus(Qt::MouseFocusReason);
+    Check1->setCheckState(Check1->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
 }
 
-void kwSimpleCheck::UserControl_InitProperties()
+void kwSimpleCheck::resizeEvent(QResizeEvent *)
 {
-    trap(source("Sub", "UserControl_InitProperties").constData(), [&] {
-        // Stored and persisted, deliberately not applied to Check1.
-        m_ForeColor = 0;
-        m_Enabled = false;
-        m_Font = ambientFont();
-    });
+    // Just the box: a square of the style's indicator, centred both ways.
+    const int side = std::max(style()->pixelMetric(QStyle::PM_IndicatorWidth),
+        style()->pixelMetric(QStyle::PM_IndicatorHeight));
+    Check1->setGeometry(QStyle::alignedRect(
+        layoutDirection(), Qt::AlignCenter, QSize(side, side).boundedTo(size()), rect()));
 }
 
-void kwSimpleCheck::UserControl_Resize()
+bool kwSimpleCheck::eventFilter(QObject *watched, QEvent *event)
 {
-    trap(source("Sub", "UserControl_Resize").constData(),
-        [&] { PlaceChild(Check1, this, true, true, 0, 0); });
-}
-
-void kwSimpleCheck::UserControl_Click()
-{
-    trap(source("Sub", "UserControl_Click").constData(), [&] {
-        // A grayed box becomes checked, never unchecked: intended.
-        Check1->setValue(Check1->Value() == 1 ? 0 : 1);
-    });
-}
-
-void kwSimpleCheck::UserControl_GotFocus()
-{
-    trap(source("Sub", "UserControl_GotFocus").constData(), [&] {
+    if (watched == Check1 && event->type() == QEvent::FocusIn)
         emit HasFocus();
-        Check1->SetFocus();
-    });
-}
-
-void kwSimpleCheck::UserControl_KeyPress(QKeyEvent *event)
-{
-    trap(source("Sub", "UserControl_KeyDown").constData(), [&] {
-        int code = keyCodeOf(event->key());
-        if (!moveToNeighbourRow(code))
-            event->ignore();
-    });
-}
-
-void kwSimpleCheck::Check1_Click()
-{
-    trap(source("Sub", "Check1_Click").constData(), [&] { emit Click(); });
-}
-
-void kwSimpleCheck::Check1_GotFocus()
-{
-    trap(source("Sub", "Check1_GotFocus").constData(), [&] { emit HasFocus(); });
-}
-
-void kwSimpleCheck::Check1_KeyDown(int &KeyCode, int &Shift)
-{
-    Q_UNUSED(Shift)
-    trap(source("Sub", "Check1_KeyDown").constData(), [&] { moveToNeighbourRow(KeyCode); });
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace kwFieldDeck

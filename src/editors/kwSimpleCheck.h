@@ -1,41 +1,36 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include <QCheckBox>
 
 namespace kwFieldDeck {
 
-class CheckBox;
-
-// The editor of a check-box field: one check box, Check1, centred on the host surface. A click
-// anywhere on the editor toggles it; Up and Down move to the neighbouring rows.
-class kwSimpleCheck : public kwEditorControl
+// The editor of a check-box row: the box Check1 centred on a surface. A click on the surface
+// beside the box works as a click on the box.
+class kwSimpleCheck : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(qint16 Value READ Value WRITE setValue)
 public:
-    kwSimpleCheck();
+    explicit kwSimpleCheck(QWidget *parent = nullptr);
 
     // 0 unchecked, 1 checked, 2 grayed.
     qint16 Value() const;
-    void setValue(qint16 value);
+    // Shows a value without raising Click.
+    void showValue(qint16 value);
 
-    // Raised: Click (every change of the box's state) and HasFocus. KeyDown is declared by the
-    // frame and never raised: Up and Down are turned into Shift+Tab and Tab here.
+    QCheckBox *const Check1;
+
+signals:
+    // The box changed its state through the user.
+    void Click();
+    void HasFocus();
 
 protected:
-    QVector<PersistedProperty> persistedProperties() override;
-    void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
-    void UserControl_Click() override;
-    void UserControl_GotFocus() override;
-    void UserControl_KeyPress(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void Check1_Click();
-    void Check1_GotFocus();
-    void Check1_KeyDown(int &KeyCode, int &Shift);
-
-    CheckBox *Check1;
+    bool m_showing = false;
 };
 
 } // namespace kwFieldDeck

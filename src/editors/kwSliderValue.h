@@ -1,68 +1,51 @@
 #pragma once
 
-#include "editors/kwEditorControl.h"
+#include <QSlider>
+#include <QWidget>
 
 namespace kwFieldDeck {
 
-class Control;
-class Slider;
-class TextBox;
+class kwTextBox;
 
-// The editor of a slider field: a number box, txtNum, on the left and a horizontal slider,
-// Slider1, filling the rest. Both show the same whole number between Min and Max; "+" and "-"
-// typed in the box step it by one.
-class kwSliderValue : public kwEditorControl
+// The editor of a slider row: the number box txtNum and the slider Slider1 beside it, showing
+// the same whole number. Typing in the box moves the slider, dragging the slider rewrites the
+// box, and "+" and "-" in the box step the value within the range.
+class kwSliderValue : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(qint32 Value READ Value WRITE setValue)
-    Q_PROPERTY(qint32 Min READ Min WRITE setMin)
-    Q_PROPERTY(qint32 Max READ Max WRITE setMax)
 public:
-    kwSliderValue();
+    explicit kwSliderValue(QWidget *parent = nullptr);
 
     qint32 Value() const { return m_Value; }
-    void setValue(qint32 value);
-    qint32 Min() const;
-    void setMin(qint32 min);
-    qint32 Max() const;
-    void setMax(qint32 max);
+    // Shows a value, a range and the box's text without raising Change.
+    void showState(qint32 value, qint32 sliderValue, qint32 min, qint32 max, const QString &text);
+    qint32 sliderValue() const;
+    // The part that had the focus last, where the focus goes back to: the slider at first.
+    QWidget *activeControl() const;
+    void setActiveControl(bool slider) { m_sliderActive = slider; }
 
-    OleColor BackColor() const override { return m_BackColor; }
-    void setBackColor(OleColor color) override;
-    void setEnabled(bool enabled) override;
-    QFont Font() const override;
-    void setFont(const QFont &font) override;
-    qint16 BackStyle() const override { return m_BackStyle; }
-    void setBackStyle(qint16 style) override;
-    qint16 BorderStyle() const override { return m_BorderStyle; }
-    void setBorderStyle(qint16 style) override;
+    kwTextBox *const txtNum;
+    QSlider *const Slider1;
 
 signals:
     void Change();
     void Scroll();
+    void HasFocus();
 
 protected:
-    // The child that last had the focus (the slider until one had it).
-    Control *focusTarget() override;
-    QVector<PersistedProperty> persistedProperties() override;
-    void UserControl_Resize() override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void Slider1_Change();
     void Slider1_Scroll();
-    void Slider1_Click();
-    void Slider1_GotFocus();
-    void txtNum_GotFocus();
     void txtNum_Change();
-    void txtNum_KeyPress(int &KeyAscii);
-    void txtNum_KeyDown(int &KeyCode, int &Shift);
-    void showSliderValue();
+    bool txtNum_KeyPress(const QString &typed);
     void showNumber(qint32 n);
 
-    TextBox *txtNum;
-    Slider *Slider1;
     qint32 m_Value = 0;
-    Control *m_ActiveControl = nullptr;
+    bool m_showing = false;
+    bool m_sliderActive = true;
 };
 
 } // namespace kwFieldDeck

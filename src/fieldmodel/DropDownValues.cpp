@@ -1,8 +1,6 @@
 #include "fieldmodel/DropDownValues_p.h"
 
-#include "editors/kwComboField.h"
 #include "fieldmodel/Field_p.h"
-#include "platform/ComboBox.h"
 #include "platform/Error.h"
 #include "platform/Values.h"
 
@@ -35,10 +33,8 @@ DropDownValue *DropDownValues::Add(const QString &Key, const QString &DisplayVal
         entry->setKey(key);
         entry->setDisplayValue(DisplayValue);
         d->m_values.add(entry, key);
-        ComboBox *list = require(
-            require(FieldPrivate::get(d->m_ParentClass)->ValueComboBox())->ComboControl());
-        list->AddItem(DisplayValue);
-        list->setItemData(list->NewIndex(), roundToInt32(leadingNumber(key)));
+        FieldPrivate::get(d->m_ParentClass)
+            ->addComboEntry(DisplayValue, roundToInt32(leadingNumber(key)));
         return entry;
     });
 }

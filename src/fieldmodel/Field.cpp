@@ -1,21 +1,13 @@
 #include "fieldmodel/Field_p.h"
 
-#include "editors/kwComboField.h"
-#include "editors/kwFileSelectorField.h"
-#include "editors/kwFolderSelectorField.h"
-#include "editors/kwMemoField.h"
-#include "editors/kwSimpleCheck.h"
-#include "editors/kwSliderValue.h"
+#include "editors/FieldKinds_p.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "fieldmodel/Fields_p.h"
-#include "platform/ComboBox.h"
-#include "platform/DatePicker.h"
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
-#include "platform/TextBox.h"
 #include "platform/Values.h"
 
-#include <QScopeGuard>
+#include <algorithm>
 
 namespace kwFieldDeck {
 
@@ -25,20 +17,6 @@ bool hasEditorType(qint32 type)
     return type >= ftText && type <= ftMemo;
 }
 } // namespace
-
-// Text boxes and the date picker are platform controls, the other editors the library's own;
-// both kinds take the shared properties by the same names.
-template <typename Apply>
-void FieldPrivate::applyToEditor(Apply &&apply) const
-{
-    if (!hasEditorType(m_FieldType))
-        return;
-    QObject *editor = require(editorObject());
-    if (auto *own = qobject_cast<kwEditorControl *>(editor))
-        apply(own);
-    else
-        apply(static_cast<Control *>(editor));
-}
 
 Field::Field(QObject *parent)
     : QObject(parent)
@@ -192,15 +170,25 @@ FieldHost *FieldPrivate::Grid() const
         require(m_ParentClass) ? FieldsPrivate::get(m_ParentClass)->m_ParentClass : nullptr);
 }
 
+// The entry of the row's editor; a type whose editor was let go of fails as a missing object.
+const FieldKind &FieldPrivate::kind() const
+{
+    return *require(editorKind());
+}
+
+void FieldPrivate::showChanges()
+{
+    if (m_ParentClass && FieldsPrivate::get(m_ParentClass)->m_ParentClass)
+        Grid()->rowChanged(q_ptr);
+}
+
 void FieldPrivate::setName(const QString &name)
 {
     trap("Property 'Name' of Class Module 'Field'", [&] {
         m_Name = name;
-        // The trailing blank keeps the name off the cell's right border.
-        require(m_FieldNameControl)->setText(name + QLatin1Char(' '));
-        if (m_FieldType == ftMemo)
-            require(m_Memo)->setFieldName(name);
-        describeEditorForAccessibility();
+        if (!m_hasNameCell)
+            raise(ErrObjectRequired);
+        showChanges();
     });
 }
 
@@ -208,23 +196,21 @@ void FieldPrivate::setDescription(const QString &description)
 {
     trap("Property 'Description' of Class Module 'Field'", [&] {
         m_Description = description;
-        require(m_FieldNameControl)->setToolTipText(description);
-        describeEditorForAccessibility();
+        if (!m_hasNameCell)
+            raise(ErrObjectRequired);
+        showChanges();
     });
-}
-
-void FieldPrivate::describeEditorForAccessibility() const
-{
-    if (Control *editor = EditorControl())
-        editor->setAccessibleText(m_Name, m_Description);
 }
 
 void FieldPrivate::setSize(qint32 size)
 {
     trap("Property 'Size' of Class Module 'Field'", [&] {
         m_Size = size;
-        if (m_FieldType == ftText)
-            require(m_ValueTextBox)->setMaxLength(size);
+        if (m_FieldType != ftText)
+            return;
+        kind();
+        m_editor.maxLength = std::max(0, size);
+        showChanges();
     });
 }
 
@@ -239,157 +225,82 @@ void FieldPrivate::setFieldType(qint32 type)
         if (type == m_FieldType)
             return;
         m_FieldType = type;
-        FieldHost *grid = Grid();
-        setFieldNameControl(grid->AddField());
-        require(m_FieldNameControl)->setVisible(true);
-        m_FieldNameControl->setLeft(0);
-        // The editor of an earlier type stays on the grid and stays referenced: intended.
-        createEditor(grid);
+        Grid()->AddField(q_ptr);
+        m_hasNameCell = true;
+        // The editor of an earlier type stays on the grid: intended.
+        if (const FieldKind *kind = FieldKind::of(type))
+            createEditor(kind);
+        else
+            m_hasEditor = false;
     });
 }
 
-void FieldPrivate::createEditor(FieldHost *grid)
+// A failed creation leaves the editor made, with the state it starts with.
+void FieldPrivate::createEditor(const FieldKind *kind)
 {
-    switch (m_FieldType) {
-    case ftText:
-        setValueTextBox(grid->AddTextBox(q_ptr));
-        break;
-    case ftNumeric:
-        setValueNumeric(grid->AddNumeric(q_ptr));
-        break;
-    case ftCheckBox:
-        setValueCheckBox(grid->AddCheckBox(q_ptr));
-        break;
-    case ftCombo:
-        setValueComboBox(grid->AddComboBox(q_ptr));
-        break;
-    case ftDate:
-        setValueDate(grid->AddDatePicker(q_ptr));
-        break;
-    case ftSlider:
-        setValueSlider(grid->AddSliderValue(q_ptr));
-        break;
-    case ftFileSelector:
-        setFileSelector(grid->AddFileSelectorField(q_ptr));
-        break;
-    case ftFolderSelector:
-        setFolderSelector(grid->AddFolderSelectorField(q_ptr));
-        break;
-    case ftMemo:
-        setMemo(grid->AddMemoField(q_ptr));
-        require(m_Memo)->setFieldName(m_Name);
-        break;
-    default:
-        // Stored, with a name cell but no editor.
-        break;
-    }
+    const QVariant value = Value();
+    m_editorKind = kind;
+    m_hasEditor = true;
+    m_editor = EditorState();
+    trap(kind->creatorSource(), [&] { kind->create(m_editor, value); });
+    showChanges();
 }
 
 QVariant FieldPrivate::Value() const
 {
     return trap("Property 'Value' of Class Module 'Field'", [&]() -> QVariant {
-        if (kindOf(m_Value) == ValueKind::Object)
+        if (kindOf(m_Value) == ValueKind::Object || m_FieldType != ftCombo)
             return m_Value;
-        if (m_FieldType != ftCombo)
-            return m_Value;
-        if (DropDownValues()->UseComboItemData())
-            return require(m_ValueComboBox)->Value();
-        if (!m_ValueComboBox)
-            return QString();
-        return require(m_ValueComboBox->ComboControl())->Text();
+        if (m_DropDownValues && m_DropDownValues->UseComboItemData()) {
+            kind();
+            return textValue(ComboKind::comboValue(m_editor));
+        }
+        if (!editorKind())
+            return textValue(QString());
+        return textValue(ComboKind::shownText(m_editor));
     });
 }
 
 void FieldPrivate::setValue(const QVariant &value)
 {
-    trap("Property 'Value' of Class Module 'Field'", [&] { writeValue(value); });
+    trap("Property 'Value' of Class Module 'Field'", [&] {
+        m_Value = value;
+        if (!hasEditorType(m_FieldType))
+            return;
+        QVariantList changes;
+        kind().showValue(m_Value, m_editor, changes);
+        showChanges();
+        reportChanges(changes);
+    });
 }
 
-void FieldPrivate::writeValue(const QVariant &value)
+void FieldPrivate::reportChanges(const QVariantList &changes)
 {
-    m_Value = value;
-    QVariantList reported;
-    m_heldChanges = &reported;
-    const auto release = qScopeGuard([this] { m_heldChanges = nullptr; });
-    showValueInEditor();
-    m_heldChanges = nullptr;
-    for (const QVariant &changed : std::as_const(reported))
+    for (const QVariant &changed : changes)
         ChangeChain(changed);
-}
-
-void FieldPrivate::showValueInEditor()
-{
-    switch (m_FieldType) {
-    case ftText:
-        switch (kindOf(m_Value)) {
-        case ValueKind::Text:
-        case ValueKind::Int16:
-        case ValueKind::Int32:
-        case ValueKind::Single:
-        case ValueKind::Double:
-        case ValueKind::Date:
-            require(m_ValueTextBox)->setText(textOf(m_Value));
-            break;
-        default:
-            // Empty, boolean and object values are stored but not shown: intended.
-            break;
-        }
-        break;
-    case ftNumeric:
-        require(m_ValueNumeric)->setText(textOf(doubleValue(leadingNumber(textOf(m_Value)))));
-        break;
-    case ftCheckBox: {
-        if (kindOf(m_Value) != ValueKind::Object
-            && textOf(m_Value).trimmed().toUpper() == QLatin1String("TRUE"))
-            m_Value = textValue(QStringLiteral("1"));
-        const bool ticked = leadingNumber(textOf(m_Value)) != 0;
-        require(m_ValueCheckBox)->setValue(ticked ? 1 : 0);
-        break;
-    }
-    case ftCombo:
-        require(m_ValueComboBox)->setValue(textOf(m_Value));
-        break;
-    case ftDate:
-        if (isDate(m_Value))
-            require(m_ValueDate)->setValue(toDate(m_Value));
-        break;
-    case ftSlider:
-        require(m_ValueSlider)->setValue(roundToInt32(leadingNumber(textOf(m_Value))));
-        break;
-    case ftFileSelector:
-        require(m_FileSelector)->setValue(textOf(m_Value));
-        break;
-    case ftFolderSelector:
-        require(m_FolderSelector)->setValue(textOf(m_Value));
-        break;
-    case ftMemo:
-        require(m_Memo)->setValue(textOf(m_Value));
-        break;
-    default:
-        break;
-    }
 }
 
 void FieldPrivate::setMin(const QVariant &min)
 {
     trap("Property 'Min' of Class Module 'Field'", [&] {
         m_Min = min;
+        QVariantList changes;
         switch (m_FieldType) {
         case ftDate:
-            if (isDate(m_Min))
-                require(m_ValueDate)->setMinDate(toDate(m_Min));
+        case ftSlider:
+            kind().applyMin(m_Min, m_editor, changes);
             break;
         case ftText:
             // Setting Min of a text field moves the focus to it: intended.
-            if (require(m_ValueTextBox)->Enabled())
-                m_ValueTextBox->SetFocus();
-            break;
-        case ftSlider:
-            require(m_ValueSlider)->setMin(toInt32(m_Min));
-            break;
+            kind();
+            if (m_editor.enabled)
+                Grid()->FocusRowEditor(q_ptr);
+            return;
         default:
-            break;
+            return;
         }
+        showChanges();
+        reportChanges(changes);
     });
 }
 
@@ -397,18 +308,12 @@ void FieldPrivate::setMax(const QVariant &max)
 {
     trap("Property 'Max' of Class Module 'Field'", [&] {
         m_Max = max;
-        switch (m_FieldType) {
-        case ftDate:
-            // The test is on Min, not Max: intended.
-            if (isDate(m_Min))
-                require(m_ValueDate)->setMaxDate(toDate(m_Max));
-            break;
-        case ftSlider:
-            require(m_ValueSlider)->setMax(toInt32(m_Max));
-            break;
-        default:
-            break;
-        }
+        if (m_FieldType != ftDate && m_FieldType != ftSlider)
+            return;
+        QVariantList changes;
+        kind().applyMax(m_Min, m_Max, m_editor, changes);
+        showChanges();
+        reportChanges(changes);
     });
 }
 
@@ -418,8 +323,13 @@ void FieldPrivate::setEnabled(bool enabled)
         if (enabled == m_Enabled)
             return;
         m_Enabled = enabled;
-        require(m_FieldNameControl)->setEnabled(enabled);
-        applyToEditor([&](auto *editor) { editor->setEnabled(enabled); });
+        if (!m_hasNameCell)
+            raise(ErrObjectRequired);
+        if (hasEditorType(m_FieldType)) {
+            kind();
+            m_editor.enabled = enabled;
+        }
+        showChanges();
     });
 }
 
@@ -429,9 +339,11 @@ void FieldPrivate::setVisible(bool visible)
         if (visible == m_Visible)
             return;
         m_Visible = visible;
-        require(m_FieldNameControl)->setVisible(visible);
-        if (hasEditorType(m_FieldType))
-            require(EditorControl())->setVisible(visible);
+        if (!m_hasNameCell)
+            raise(ErrObjectRequired);
+        if (hasEditorType(m_FieldType) && !m_editorKind)
+            raise(ErrObjectRequired);
+        Grid()->rowShownOrHidden(q_ptr);
     });
 }
 
@@ -440,9 +352,12 @@ void FieldPrivate::setForeColor(OleColor color)
     trap("Property 'ForeColor' of Class Module 'Field'", [&] {
         m_ForeColor = color;
         // A date field only stores its colours: intended.
-        if (m_FieldType == ftDate)
+        if (m_FieldType == ftDate || !hasEditorType(m_FieldType))
             return;
-        applyToEditor([&](auto *editor) { editor->setForeColor(color); });
+        kind();
+        m_editor.foreColor = color;
+        m_editor.colorsSet = true;
+        showChanges();
     });
 }
 
@@ -450,18 +365,12 @@ void FieldPrivate::setBackColor(OleColor color)
 {
     trap("Property 'BackColor' of Class Module 'Field'", [&] {
         m_BackColor = color;
-        if (m_FieldType == ftDate)
+        if (m_FieldType == ftDate || !hasEditorType(m_FieldType))
             return;
-        applyToEditor([&](auto *editor) { editor->setBackColor(color); });
-    });
-}
-
-void FieldPrivate::setFont(const QFont &font)
-{
-    trap("Property 'Font' of Class Module 'Field'", [&] {
-        if (m_FieldNameControl)
-            m_FieldNameControl->setFont(font);
-        applyToEditor([&](auto *editor) { editor->setFont(font); });
+        kind();
+        m_editor.backColor = color;
+        m_editor.colorsSet = true;
+        showChanges();
     });
 }
 
@@ -469,74 +378,60 @@ void FieldPrivate::SetFocus()
 {
     trap("Sub 'SetFocus' of Class Module 'Field'", [&] {
         // A slider field does not take the focus this way: intended.
-        if (m_FieldType == ftSlider)
+        if (m_FieldType == ftSlider || !hasEditorType(m_FieldType))
             return;
+        kind();
         // A disabled text or number box keeps the focus where it is.
-        if (m_FieldType == ftText && !require(m_ValueTextBox)->Enabled())
+        if ((m_FieldType == ftText || m_FieldType == ftNumeric) && !m_editor.enabled)
             return;
-        if (m_FieldType == ftNumeric && !require(m_ValueNumeric)->Enabled())
-            return;
-        FocusRowEditor();
+        Grid()->FocusRowEditor(q_ptr);
     });
 }
+
+namespace {
+bool browsesPaths(qint32 type)
+{
+    return type == ftFileSelector || type == ftFolderSelector;
+}
+} // namespace
 
 QString FieldPrivate::InitDir() const
 {
     return trap("Property 'InitDir' of Class Module 'Field'", [&]() -> QString {
-        switch (m_FieldType) {
-        case ftFileSelector:
-            return require(m_FileSelector)->InitDir();
-        case ftFolderSelector:
-            return require(m_FolderSelector)->InitDir();
-        default:
+        if (!browsesPaths(m_FieldType))
             return QString();
-        }
+        kind();
+        return m_editor.initDir;
     });
 }
 
 void FieldPrivate::setInitDir(const QString &dir)
 {
     trap("Property 'InitDir' of Class Module 'Field'", [&] {
-        switch (m_FieldType) {
-        case ftFileSelector:
-            require(m_FileSelector)->setInitDir(dir);
-            break;
-        case ftFolderSelector:
-            require(m_FolderSelector)->setInitDir(dir);
-            break;
-        default:
-            break;
-        }
+        if (!browsesPaths(m_FieldType))
+            return;
+        kind();
+        m_editor.initDir = dir;
     });
 }
 
 QString FieldPrivate::Title() const
 {
     return trap("Property 'Title' of Class Module 'Field'", [&]() -> QString {
-        switch (m_FieldType) {
-        case ftFileSelector:
-            return require(m_FileSelector)->Title();
-        case ftFolderSelector:
-            return require(m_FolderSelector)->Title();
-        default:
+        if (!browsesPaths(m_FieldType))
             return QString();
-        }
+        kind();
+        return m_editor.title;
     });
 }
 
 void FieldPrivate::setTitle(const QString &title)
 {
     trap("Property 'Title' of Class Module 'Field'", [&] {
-        switch (m_FieldType) {
-        case ftFileSelector:
-            require(m_FileSelector)->setTitle(title);
-            break;
-        case ftFolderSelector:
-            require(m_FolderSelector)->setTitle(title);
-            break;
-        default:
-            break;
-        }
+        if (!browsesPaths(m_FieldType))
+            return;
+        kind();
+        m_editor.title = title;
     });
 }
 
@@ -544,24 +439,39 @@ void FieldPrivate::setTitle(const QString &title)
 // it fails for want of a file selector. Intended.
 QString FieldPrivate::Filter() const
 {
-    return trap("Property 'Filter' of Class Module 'Field'",
-        [&] { return require(m_FileSelector)->Filter(); });
+    return trap("Property 'Filter' of Class Module 'Field'", [&]() -> QString {
+        if (m_FieldType != ftFileSelector)
+            raise(ErrObjectRequired);
+        kind();
+        return m_editor.filter;
+    });
 }
 
 void FieldPrivate::setFilter(const QString &filter)
 {
-    trap("Property 'Filter' of Class Module 'Field'",
-        [&] { require(m_FileSelector)->setFilter(filter); });
+    trap("Property 'Filter' of Class Module 'Field'", [&] {
+        if (m_FieldType != ftFileSelector)
+            raise(ErrObjectRequired);
+        kind();
+        m_editor.filter = filter;
+    });
 }
 
-QObject *FieldPrivate::EditField() const
+void FieldPrivate::addComboEntry(const QString &text, qint32 itemData)
 {
-    return trap("Function 'EditField' of Class Module 'Field'", [&]() -> QObject * {
-        // The memo editor is deliberately not handed out.
-        if (m_FieldType == ftMemo)
-            return nullptr;
-        return editorObject();
-    });
+    if (m_FieldType != ftCombo)
+        raise(ErrObjectRequired);
+    kind();
+    m_editor.entries.append({ text, itemData });
+    showChanges();
+}
+
+void FieldPrivate::setUseItemData(bool use)
+{
+    if (m_FieldType != ftCombo)
+        raise(ErrObjectRequired);
+    kind();
+    m_editor.useItemData = use;
 }
 
 } // namespace kwFieldDeck

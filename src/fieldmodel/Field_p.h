@@ -2,19 +2,19 @@
 
 #include <kwFieldDeck/Field.h>
 
+#include "editors/EditorState.h"
 #include "fieldmodel/FieldHost.h"
 #include "platform/Colors.h"
 
-#include <QFont>
 #include <QVariantList>
 
 namespace kwFieldDeck {
 
-class Control;
+class FieldKind;
 class Fields;
 
-// What a field keeps: its properties, the two controls that show it (the name cell and the
-// editor of its type) and the handlers of their events.
+// What a row is: the field's properties and the state of its editor, as plain data. The grid
+// paints the row from it, and the row with the focus has a live editor that shows it.
 class FieldPrivate
 {
 public:
@@ -27,34 +27,14 @@ public:
 
     Fields *ParentClass() const { return m_ParentClass; }
     void setParentClass(Fields *fields) { m_ParentClass = fields; }
-    TextBox *FieldNameControl() const { return m_FieldNameControl; }
-    void setFieldNameControl(TextBox *label);
-    void setFont(const QFont &font);
-    QObject *EditField() const;
+
+    // The type whose editor the row has (the first one set; an editor made for an earlier type
+    // stays), or null before the type is set and after Kill.
+    const FieldKind *editorKind() const { return m_hasEditor ? m_editorKind : nullptr; }
+    // The type whose editor the row shows, whether or not the field still holds it.
+    const FieldKind *shownKind() const { return m_editorKind; }
+    bool hasNameCell() const { return m_hasNameCell; }
     void Kill();
-
-    TextBox *ValueTextBox() const { return m_ValueTextBox; }
-    void setValueTextBox(TextBox *editor);
-    TextBox *ValueNumeric() const { return m_ValueNumeric; }
-    void setValueNumeric(TextBox *editor);
-    kwSimpleCheck *ValueCheckBox() const { return m_ValueCheckBox; }
-    void setValueCheckBox(kwSimpleCheck *editor);
-    kwComboField *ValueComboBox() const { return m_ValueComboBox; }
-    void setValueComboBox(kwComboField *editor);
-    DatePicker *ValueDate() const { return m_ValueDate; }
-    void setValueDate(DatePicker *editor);
-    kwSliderValue *ValueSlider() const { return m_ValueSlider; }
-    void setValueSlider(kwSliderValue *editor);
-    kwFileSelectorField *FileSelector() const { return m_FileSelector; }
-    void setFileSelector(kwFileSelectorField *editor);
-    kwFolderSelectorField *FolderSelector() const { return m_FolderSelector; }
-    void setFolderSelector(kwFolderSelectorField *editor);
-    kwMemoField *Memo() const { return m_Memo; }
-    void setMemo(kwMemoField *editor);
-
-    // The control that carries the editor of the field's type on the grid (for the library's
-    // own editors, the control their container sees), or null.
-    Control *EditorControl() const;
 
     // The properties behind the public accessors.
     void setName(const QString &name);
@@ -77,6 +57,18 @@ public:
     void setFilter(const QString &filter);
     kwFieldDeck::DropDownValues *DropDownValues() const;
     void SetFocus();
+    // The editor's combo entries grow by one; the selection stays.
+    void addComboEntry(const QString &text, qint32 itemData);
+    void setUseItemData(bool use);
+
+    // The live editor reports a change the user made: the value follows the editor, the field
+    // raises Changed and the grid raises its Changed.
+    void ChangeChain(const QVariant &value);
+    // The live editor reports an edit: the editor's state is taken from it, then the chain runs.
+    void takeEditorChange(QWidget *editor);
+    // The row-focus routine: the row comes into view, its name cell alone is highlighted, the
+    // focus goes into its editor and its description is shown.
+    void m_FieldNameControl_GotFocus();
 
     QString m_Name;
     QString m_Description;
@@ -85,63 +77,30 @@ public:
     QVariant m_Value;
     QVariant m_Min;
     QVariant m_Max;
-    bool m_Visible = true;
-    bool m_Enabled = true;
     OleColor m_BackColor = 0xFFFFFF;
     OleColor m_ForeColor = 0;
+    bool m_Visible = true;
+    bool m_Enabled = true;
+    EditorState m_editor;
+    // The grid's row that is the field's name cell, or -1 before the type is set.
+    qsizetype m_row = -1;
 
 private:
     FieldHost *Grid() const;
-    void createEditor(FieldHost *grid);
-    // The host's write: the editor shows the value, then the change chain runs for each change
-    // the editor reported, as for the user's edits.
-    void writeValue(const QVariant &value);
-    void showValueInEditor();
-    // The one map from the field's type to its editor reference (null for no type).
-    QObject *editorObject() const;
-    // Screen readers name the editor after the field and read its description.
-    void describeEditorForAccessibility() const;
-    template <typename Apply>
-    void applyToEditor(Apply &&apply) const;
-    void FocusRowEditor();
-    template <typename Editor, typename Setup>
-    void replaceEditor(Editor *&reference, Editor *editor, Setup &&connectEvents);
-
-    // Editor events.
-    void ChangeChain(const QVariant &value);
-    void m_ValueTextBox_Change();
-    void m_ValueNumeric_Change();
-    void m_ValueCheckBox_Click();
-    void m_ValueComboBox_Change();
-    void m_ValueDate_Change();
-    void m_SliderValue_Change();
-    void m_SliderValue_Scroll();
-    void m_FileSelector_Change();
-    void m_FolderSelector_Change();
-    void m_Memo_Change();
-    void m_FieldNameControl_GotFocus();
-    void m_ValueTextBox_KeyDown(int &KeyCode, int &Shift);
-    void m_ValueNumeric_KeyDown(int &KeyCode, int &Shift);
-    void m_ValueCheckBox_KeyDown(int &KeyCode, int &Shift);
-    void m_ValueNumeric_KeyPress(int &KeyAscii);
+    const FieldKind &kind() const;
+    void createEditor(const FieldKind *kind);
+    // Runs the change chain once for each change the editor reported while it took a value
+    // from the host, after the editor shows it.
+    void reportChanges(const QVariantList &changes);
+    // The row is painted again, and its live editor shows its state.
+    void showChanges();
 
     Field *q_ptr;
     mutable kwFieldDeck::DropDownValues *m_DropDownValues = nullptr;
     Fields *m_ParentClass = nullptr;
-    // While the host's value goes into the editor: the changes the editor reports, for the
-    // change chain to run once the editor shows the value.
-    QVariantList *m_heldChanges = nullptr;
-
-    TextBox *m_FieldNameControl = nullptr;
-    TextBox *m_ValueTextBox = nullptr;
-    TextBox *m_ValueNumeric = nullptr;
-    kwSimpleCheck *m_ValueCheckBox = nullptr;
-    kwComboField *m_ValueComboBox = nullptr;
-    DatePicker *m_ValueDate = nullptr;
-    kwSliderValue *m_ValueSlider = nullptr;
-    kwFileSelectorField *m_FileSelector = nullptr;
-    kwFolderSelectorField *m_FolderSelector = nullptr;
-    kwMemoField *m_Memo = nullptr;
+    const FieldKind *m_editorKind = nullptr;
+    bool m_hasNameCell = false;
+    bool m_hasEditor = false;
 };
 
 } // namespace kwFieldDeck

@@ -4,7 +4,6 @@
 
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
-#include "platform/TextBox.h"
 #include "platform/Values.h"
 #include <kwFieldDeck/DropDownValues.h>
 
@@ -28,7 +27,8 @@ Field *Fields::Add(const QString &Name, lFieldTypes FieldType, qint32 Size, cons
         row->setParentClass(this);
         field->setFieldType(FieldType);
         field->setName(Name);
-        row->setFont(require(d->m_ParentClass)->Font());
+        // Every row shows the grid's font.
+        require(d->m_ParentClass);
         field->setValue(textValue(Value));
         field->setSize(Size);
         field->setDescription(Description);
@@ -40,10 +40,6 @@ Field *Fields::Add(const QString &Name, lFieldTypes FieldType, qint32 Size, cons
             return nullptr;
         }
         d->m_fields.add(field, Name);
-        if (row->FieldNameControl()) {
-            d->m_LastLabelledField = field;
-            d->m_lastLabelledKnown = true;
-        }
         return field;
     });
 }
@@ -78,7 +74,6 @@ void Fields::Remove(const QVariant &vntIndexKey)
         field->setVisible(false);
         FieldPrivate::get(field)->Kill();
         d->m_fields.remove(vntIndexKey);
-        d->m_lastLabelledKnown = false;
         // The grid is not laid out again: intended.
     });
 }
@@ -92,8 +87,6 @@ void Fields::Clear()
             d->m_fields.at(0)->setVisible(false);
             d->m_fields.remove(1);
         }
-        d->m_LastLabelledField = nullptr;
-        d->m_lastLabelledKnown = true;
         d->Refresh();
     });
 }
@@ -118,28 +111,8 @@ void FieldsPrivate::Refresh()
 
 void FieldsPrivate::ClearSelectedRows()
 {
-    trap("Sub 'ClearSelectedRows' of Class Module 'Fields'", [&] {
-        const FieldHost *grid = require(m_ParentClass);
-        for (Field *field : m_fields) {
-            TextBox *label = require(FieldPrivate::get(field)->FieldNameControl());
-            label->setBackColor(grid->FieldNameBackColor());
-            label->setForeColor(grid->FieldNameForeColor());
-        }
-    });
-}
-
-Field *FieldsPrivate::LastLabelledField()
-{
-    if (!m_lastLabelledKnown) {
-        // From the end: normally the last field has its name cell and the search stops at once.
-        m_LastLabelledField = nullptr;
-        for (int i = m_fields.count() - 1; i >= 0 && !m_LastLabelledField; --i) {
-            if (FieldPrivate::get(m_fields.at(i))->FieldNameControl())
-                m_LastLabelledField = m_fields.at(i);
-        }
-        m_lastLabelledKnown = true;
-    }
-    return m_LastLabelledField;
+    trap("Sub 'ClearSelectedRows' of Class Module 'Fields'",
+        [&] { require(m_ParentClass)->setHighlighted(nullptr); });
 }
 
 } // namespace kwFieldDeck

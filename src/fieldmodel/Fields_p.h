@@ -18,17 +18,10 @@ public:
     void ClearSelectedRows();
     // Item 1 for the grid's SetFocus: a missing field is raised, not reported.
     Field *First() const { return m_fields.item(1); }
-    // The last field in collection order that has a name cell: the new row goes below it.
-    Field *LastLabelledField();
-    // A field got a new name cell; the last labelled field is looked up again when needed.
-    void fieldLabelled() { m_lastLabelledKnown = false; }
-
     KeyedCollection<Field> m_fields;
     kwFieldDeck::DropDownValues *m_DropDownValues = nullptr;
     // The grid whose rows these are.
     FieldHost *m_ParentClass = nullptr;
-    Field *m_LastLabelledField = nullptr;
-    bool m_lastLabelledKnown = true;
 };
 
 } // namespace kwFieldDeck

@@ -322,7 +322,7 @@ void DefinitionReader::FillComboFromItems(Field *field)
         if (!item.Key.isEmpty()) {
             require(require(field)->DropDownValues())->Add(item.Key, item.Text);
         } else {
-            require(FieldPrivate::get(require(field))->ValueComboBox())->setUseItemData(false);
+            FieldPrivate::get(require(field))->setUseItemData(false);
             AddAutomaticKeyItem(field, item.Text);
         }
     }

@@ -2,13 +2,13 @@
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
+#include "grid/GridView.h"
 #include "platform/ClassFactory.h"
 #include "platform/Error.h"
-#include "platform/PictureBox.h"
 #include "platform/PropertyBag.h"
-#include "platform/TextBox.h"
-#include "platform/VScrollBar.h"
 #include "platform/Values.h"
+
+#include <QScrollBar>
 
 namespace kwFieldDeck {
 
@@ -213,63 +213,48 @@ void kwPropertyControl::GetValuesFromRegistry(
 }
 bool kwPropertyControl::focusNextPrevChild(bool next)
 {
-    d_func()->RealizeNextRow(next);
-    return QWidget::focusNextPrevChild(next);
+    return d_func()->focusNextPrevChild(next) || QWidget::focusNextPrevChild(next);
 }
 
 kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
     : UserControl(grid)
     , m_Font(ambientFont())
     , q_ptr(grid)
+    , picOuter(new GridView(this, grid))
+    , VScroll1(new QScrollBar(Qt::Vertical, picOuter))
+    , m_rowEditor(this)
 {
-    // The design-time layout: the viewport, the canvas inside it and the scroll bar beside it.
-    picOuter = static_cast<PictureBox *>(Controls().Add(PictureBox::ClassId, "picOuter", grid));
-    picInner = static_cast<PictureBox *>(
-        Controls().Add(PictureBox::ClassId, "picInner", picOuter->widget()));
-    VScroll1 = static_cast<VScrollBar *>(
-        Controls().Add(VScrollBar::ClassId, "VScroll1", picOuter->widget()));
-    for (Control *child : std::initializer_list<Control *> { picOuter, picInner, VScroll1 })
-        child->setVisible(true);
-    picInner->setAppearance(0);
-    picInner->setBackColor(picOuter->BackColor());
-    // The canvas grows downwards with every row; only what newly comes into view needs painting,
-    // not the whole visible canvas once per added row.
-    picInner->widget()->setAttribute(Qt::WA_StaticContents);
-    // The scroll bar paints all of itself: a new range, which every row of a layout brings, then
-    // repaints the bar alone and not the viewport under it, whose paint would run the paint
-    // handler and so set the range again, once per row.
-    VScroll1->widget()->setAttribute(Qt::WA_OpaquePaintEvent);
-    paintThrough(picOuter->widget());
-    paintThrough(picInner->widget());
-    VScroll1->setWidth(255);
-    connect(VScroll1, &VScrollBar::Change, this, &kwPropertyControlPrivate::VScroll1_Change);
-    connect(VScroll1, &VScrollBar::Scroll, this, &kwPropertyControlPrivate::VScroll1_Scroll);
-
+    VScroll1->setObjectName(QStringLiteral("VScroll1"));
+    VScroll1->setFocusPolicy(Qt::NoFocus);
+    VScroll1->setEnabled(false);
+    // Rows are reached by Tab from outside, and a click that reaches no row keeps the focus.
+    grid->setFocusPolicy(Qt::StrongFocus);
+    picOuter->setFocusPolicy(Qt::NoFocus);
+    picOuter->show();
+    VScroll1->show();
     m_Fields = new kwFieldDeck::Fields(grid);
     FieldsPrivate::get(m_Fields)->m_ParentClass = this;
+    paintThrough(picOuter);
+    applyAppearance(1);
+    applyColors();
+    connect(VScroll1, &QScrollBar::valueChanged, this, &kwPropertyControlPrivate::VScroll1_Change);
+    connect(VScroll1, &QScrollBar::sliderMoved, this, &kwPropertyControlPrivate::VScroll1_Scroll);
 }
 
 kwPropertyControlPrivate::~kwPropertyControlPrivate()
 {
-    // The rows go first, then their controls, while this is whole: a control that leaves passes
-    // the focus on, to another row, whose handlers would reach controls already gone, or to the
-    // grid, which realizes the row it comes to.
-    m_RowOrder.clear();
-    m_RowsShown.clear();
+    // The live editor goes first, while this is whole: the focus it holds may move on.
+    m_rowEditor.release();
     delete m_Fields;
-    Controls().deleteAll();
-}
-
-OleColor kwPropertyControlPrivate::BackColor() const
-{
-    return picOuter->BackColor();
+    m_Fields = nullptr;
 }
 
 void kwPropertyControlPrivate::setBackColor(OleColor color)
 {
     trap("Property 'BackColor' of User Control 'kwPropertyControl'", [&] {
-        picOuter->setBackColor(color);
-        picInner->setBackColor(color);
+        m_BackColor = color;
+        m_canvasColor = color;
+        applyColors();
         propertyChanged(QStringLiteral("BackColor"));
     });
 }
@@ -294,13 +279,14 @@ void kwPropertyControlPrivate::setFont(const QFont &font)
     });
 }
 
+// Every row shows the grid's font, the live editor too.
 void kwPropertyControlPrivate::applyFont(const QFont &font)
 {
     m_Font = font;
     q_ptr->QWidget::setFont(font);
-    picInner->setFont(font);
-    for (Field *field : *m_Fields)
-        FieldPrivate::get(field)->setFont(font);
+    if (QWidget *editor = m_rowEditor.editor())
+        editor->setFont(font);
+    picOuter->update();
 }
 
 void kwPropertyControlPrivate::setBackStyle(qint16 style)
@@ -326,15 +312,21 @@ void kwPropertyControlPrivate::setScaleMode(qint16 mode)
     propertyChanged(QStringLiteral("ScaleMode"));
 }
 
-qint16 kwPropertyControlPrivate::Appearance() const
+// The viewport's border: 0 flat, 1 sunken; any other value is refused.
+void kwPropertyControlPrivate::applyAppearance(qint16 appearance)
 {
-    return qint16(picOuter->Appearance());
+    if (appearance != 0 && appearance != 1)
+        raise(380, QStringLiteral("Invalid property value"));
+    m_Appearance = appearance;
+    picOuter->setFrameStyle(
+        appearance == 1 ? QFrame::StyledPanel | QFrame::Sunken : QFrame::NoFrame);
+    UserControl_Resize();
 }
 
 void kwPropertyControlPrivate::setAppearance(qint16 appearance)
 {
     trap("Property 'Appearance' of User Control 'kwPropertyControl'", [&] {
-        picOuter->setAppearance(appearance);
+        applyAppearance(appearance);
         propertyChanged(QStringLiteral("Appearance"));
     });
 }
@@ -343,8 +335,9 @@ void kwPropertyControlPrivate::setFieldNameBackColor(OleColor color)
 {
     trap("Property 'FieldNameBackColor' of User Control 'kwPropertyControl'", [&] {
         m_FieldNameBackColor = color;
-        for (Field *field : *m_Fields)
-            require(FieldPrivate::get(field)->FieldNameControl())->setBackColor(color);
+        // Every name cell takes the colour, the highlighted one too.
+        m_highlighted = nullptr;
+        picOuter->update();
         propertyChanged(QStringLiteral("FieldNameBackColor"));
     });
 }
@@ -353,8 +346,8 @@ void kwPropertyControlPrivate::setFieldNameForeColor(OleColor color)
 {
     trap("Property 'FieldNameForeColor' of User Control 'kwPropertyControl'", [&] {
         m_FieldNameForeColor = color;
-        for (Field *field : *m_Fields)
-            require(FieldPrivate::get(field)->FieldNameControl())->setForeColor(color);
+        m_highlighted = nullptr;
+        picOuter->update();
         propertyChanged(QStringLiteral("FieldNameForeColor"));
     });
 }
@@ -387,8 +380,8 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
 {
     trap("Sub 'UserControl_ReadProperties' of User Control 'kwPropertyControl'", [&] {
         // Only the viewport takes the restored colour; the canvas keeps its own (intended).
-        picOuter->setBackColor(
-            colorOf(PropBag.ReadProperty("BackColor", quint32(DefaultBackColor))));
+        m_BackColor = colorOf(PropBag.ReadProperty("BackColor", quint32(DefaultBackColor)));
+        applyColors();
         m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(DefaultForeColor)));
         m_Enabled = toBool(PropBag.ReadProperty("Enabled", false));
         const QVariant font = PropBag.ReadProperty("Font", ambientFont());
@@ -398,7 +391,7 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
         m_FieldNameWidth = float(toDouble(PropBag.ReadProperty("FieldNameWidth", 750.0f)));
         m_RowHeight = float(toDouble(PropBag.ReadProperty("RowHeight", 315.0f)));
         setSurfaceScaleMode(toInt16(PropBag.ReadProperty("ScaleMode", qint16(1))));
-        picOuter->setAppearance(toInt16(PropBag.ReadProperty("Appearance", qint16(1))));
+        applyAppearance(toInt16(PropBag.ReadProperty("Appearance", qint16(1))));
         m_FieldNameBackColor = colorOf(
             PropBag.ReadProperty("FieldNameBackColor", quint32(DefaultFieldNameBackColor)));
         m_FieldNameForeColor = colorOf(
@@ -410,7 +403,7 @@ void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag)
 {
     trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
         PropBag.WriteProperty(
-            "BackColor", quint32(picOuter->BackColor()), quint32(DefaultBackColor));
+            "BackColor", quint32(m_BackColor), quint32(DefaultBackColor));
         PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(DefaultForeColor));
         PropBag.WriteProperty("Enabled", m_Enabled, false);
         PropBag.WriteProperty("Font", m_Font, ambientFont());
@@ -419,7 +412,7 @@ void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag)
         PropBag.WriteProperty("FieldNameWidth", m_FieldNameWidth, 750.0f);
         PropBag.WriteProperty("RowHeight", m_RowHeight, 315.0f);
         PropBag.WriteProperty("ScaleMode", qint16(surfaceScaleMode()), qint16(1));
-        PropBag.WriteProperty("Appearance", qint16(picOuter->Appearance()), qint16(1));
+        PropBag.WriteProperty("Appearance", m_Appearance, qint16(1));
         PropBag.WriteProperty("FieldNameBackColor", quint32(m_FieldNameBackColor),
             quint32(DefaultFieldNameBackColor));
         PropBag.WriteProperty("FieldNameForeColor", quint32(m_FieldNameForeColor),

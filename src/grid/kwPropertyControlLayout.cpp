@@ -1,28 +1,53 @@
-// Row layout and scrolling: rows are stacked on the canvas picInner with a pitch of the row
-// height less 15, so that adjacent rows share one border line; scrolling moves the canvas.
+// Row layout and scrolling: a row's place on the canvas is its index among the laid-out rows
+// times the pitch, the row height less 15, so that adjacent rows share one border line.
+// Scrolling moves the canvas; the rows are painted where it puts them.
 
 #include "grid/kwPropertyControl_p.h"
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
+#include "grid/GridView.h"
 #include "platform/Error.h"
-#include "platform/PictureBox.h"
-#include "platform/Services.h"
-#include "platform/TextBox.h"
-#include "platform/VScrollBar.h"
+#include "platform/Twips.h"
 #include "platform/Values.h"
+
+#include <QScrollBar>
 
 namespace kwFieldDeck {
 
 namespace {
-// Adjacent rows overlap by one border line of 15 twips.
-constexpr float SharedBorder = 15;
-// Editors start 25 twips inside the name column and end 40 short of the scroll bar.
-constexpr float EditorOverlap = 25;
+// Editors end 40 twips short of the scroll bar.
 constexpr float EditorMargin = 40;
 // The viewport's frame, which the scroll bar also leaves out.
 constexpr float ViewportFrame = 60;
+// The scroll bar's width, in twips.
+constexpr float ScrollBarWidth = 255;
 } // namespace
+
+float kwPropertyControlPrivate::viewportWidth() const
+{
+    return extenderWidth();
+}
+
+float kwPropertyControlPrivate::viewportHeight() const
+{
+    return extenderHeight();
+}
+
+float kwPropertyControlPrivate::EditorWidth(float margin) const
+{
+    return viewportWidth() - (ScrollBarWidth + m_FieldNameWidth) - margin;
+}
+
+void kwPropertyControlPrivate::layRow(CanvasRow &row, float top)
+{
+    row.top = top;
+    row.height = m_RowHeight;
+    row.width = m_FieldNameWidth;
+    row.editorLeft = row.width - EditorOverlap;
+    // The same margin for every editor here, the date picker's too, made with 30: intended.
+    row.editorWidth = std::max(0.0f, EditorWidth(EditorMargin));
+}
 
 void kwPropertyControlPrivate::Refresh(bool Redraw)
 {
@@ -35,46 +60,40 @@ void kwPropertyControlPrivate::Refresh(bool Redraw)
         if (m_Busy)
             return;
         m_Busy = true;
-        picInner->setHeight(0);
-        m_VisibleRowCount = 0;
-        m_RowOrder.clear();
-        m_RowOrderSorted = true;
-        float top = 0;
-        // By index: host events run between rows and may change the collection.
-        for (int i = 0; i < m_Fields->Count(); ++i) {
-            Field *field = FieldsPrivate::get(m_Fields)->m_fields.at(i);
-            if (!field->Visible())
-                continue;
-            TextBox *label = FieldPrivate::get(field)->FieldNameControl();
-            if (!label)
-                continue;
-            label->setTop(top);
-            label->setHeight(m_RowHeight);
-            label->setWidth(m_FieldNameWidth);
-            if (Control *editor = FieldPrivate::get(field)->EditorControl())
-                editor->Move(label->Left() + label->Width() - EditorOverlap, label->Top(),
-                    std::max(0.0f, EditorWidth(EditorMargin)));
-            top += label->Height() - SharedBorder;
-            picInner->setHeight(top);
-            ++m_VisibleRowCount;
-            m_RowOrder.append(field);
-            DoEvents();
+        const KeyedCollection<Field> &fields = FieldsPrivate::get(m_Fields)->m_fields;
+        // Unless a row was shown, hidden, removed or resized since, only the fields added after
+        // the last layout are placed, below the rows it placed.
+        if (m_layoutStale || fields.count() < m_laidFieldCount) {
+            m_laidRows.clear();
+            m_laidFieldCount = 0;
+            m_canvasHeight = 0;
         }
+        float top = m_canvasHeight;
+        for (int i = m_laidFieldCount; i < fields.count(); ++i) {
+            Field *field = fields.at(i);
+            const qsizetype at = FieldPrivate::get(field)->m_row;
+            if (!field->Visible() || at < 0)
+                continue;
+            CanvasRow &row = m_canvas[at];
+            layRow(row, top);
+            top += row.height - SharedBorder;
+            m_laidRows.append(at);
+        }
+        m_laidFieldCount = fields.count();
+        m_laidUpTo = m_canvas.size();
+        m_layoutStale = false;
+        m_canvasHeight = top;
+        m_VisibleRowCount = qint32(m_laidRows.size());
         CalcSlider();
-        m_TabChainStale = true;
-        ShowRowsInView();
+        m_rowEditor.place();
+        picOuter->update();
         m_Busy = false;
     });
 }
 
-float kwPropertyControlPrivate::EditorWidth(float margin) const
-{
-    return picOuter->Width() - (VScroll1->Width() + m_FieldNameWidth) - margin;
-}
-
 QSize kwPropertyControlPrivate::SizeForRows(int rows, float valueWidth) const
 {
-    const float width = m_FieldNameWidth + valueWidth + VScroll1->Width() + ViewportFrame;
+    const float width = m_FieldNameWidth + valueWidth + ScrollBarWidth + ViewportFrame;
     const float height = rows * (m_RowHeight - SharedBorder) + SharedBorder + ViewportFrame;
     return QSize(twipsToPixelsX(width), twipsToPixelsY(height));
 }
@@ -92,16 +111,16 @@ QSize kwPropertyControlPrivate::minimumSizeHint() const
 void kwPropertyControlPrivate::CalcSlider()
 {
     trap("Sub 'CalcSlider' of User Control 'kwPropertyControl'", [&] {
-        const float viewport = picOuter->Height();
+        const float viewport = viewportHeight();
         if (m_RowHeight == 0)
             kwFieldDeck::raise(ErrDivisionByZero);
         // Divided by the row height, not the pitch: intended.
         const qint32 max = roundToInt32(double(m_VisibleRowCount) - viewport / m_RowHeight + 1);
         if (max > 0) {
-            VScroll1->setMin(0);
-            VScroll1->setMax(roundToInt16(max));
-            if (VScroll1->Value() > max)
-                VScroll1->setValue(max);
+            const qint16 max16 = roundToInt16(max);
+            VScroll1->setMinimum(0);
+            // A value above the new maximum comes down to it, which scrolls.
+            VScroll1->setMaximum(max16);
             VScroll1->setEnabled(true);
         } else {
             VScroll1->setEnabled(false);
@@ -109,12 +128,22 @@ void kwPropertyControlPrivate::CalcSlider()
     });
 }
 
+void kwPropertyControlPrivate::moveCanvas(float top)
+{
+    if (top == m_canvasTop)
+        return;
+    m_canvasTop = top;
+    m_rowEditor.place();
+    picOuter->update();
+}
+
 void kwPropertyControlPrivate::VScroll1_Change()
 {
     trap("Sub 'VScroll1_Change' of User Control 'kwPropertyControl'", [&] {
-        picInner->setTop(-(m_RowHeight - SharedBorder) * VScroll1->Value());
-        ShowRowsInView();
-        m_FirstRow = roundToInt16(VScroll1->Value());
+        moveCanvas(-(m_RowHeight - SharedBorder) * VScroll1->value());
+        // While the thumb is dragged the first row stays; the end of the drag sets it.
+        if (!VScroll1->isSliderDown())
+            m_FirstRow = roundToInt16(VScroll1->value());
     });
 }
 
@@ -122,8 +151,7 @@ void kwPropertyControlPrivate::VScroll1_Scroll()
 {
     trap("Sub 'VScroll1_Scroll' of User Control 'kwPropertyControl'", [&] {
         // FirstRow follows only when the drag ends (VScroll1_Change): intended.
-        picInner->setTop(-(m_RowHeight - SharedBorder) * VScroll1->Value());
-        ShowRowsInView();
+        moveCanvas(-(m_RowHeight - SharedBorder) * VScroll1->sliderPosition());
     });
 }
 
@@ -132,8 +160,7 @@ void kwPropertyControlPrivate::setFirstRow(qint16 row)
     trap("Property 'FirstRow' of User Control 'kwPropertyControl'", [&] {
         // No range check and the scroll bar stays where it is: intended.
         m_FirstRow = row;
-        picInner->setTop(-(m_RowHeight - SharedBorder) * row);
-        ShowRowsInView();
+        moveCanvas(-(m_RowHeight - SharedBorder) * row);
     });
 }
 
@@ -141,11 +168,12 @@ void kwPropertyControlPrivate::setFieldNameWidth(float width)
 {
     trap("Property 'FieldNameWidth' of User Control 'kwPropertyControl'", [&] {
         // A name column that leaves no room for the scroll bar is ignored silently.
-        if (VScroll1->Width() + width > extenderWidth())
+        if (ScrollBarWidth + width > extenderWidth())
             return;
         m_FieldNameWidth = width;
         propertyChanged(QStringLiteral("FieldNameWidth"));
         q_ptr->updateGeometry();
+        m_layoutStale = true;
         Refresh(true);
     });
 }
@@ -155,6 +183,7 @@ void kwPropertyControlPrivate::setRowHeight(float height)
     trap("Property 'RowHeight' of User Control 'kwPropertyControl'", [&] {
         // Takes effect at the next full layout; existing editors keep their heights.
         m_RowHeight = height;
+        m_layoutStale = true;
         propertyChanged(QStringLiteral("RowHeight"));
     });
 }
@@ -170,6 +199,7 @@ void kwPropertyControlPrivate::AutoSizeFieldNameWidths()
                 m_FieldNameWidth = width;
         }
         q_ptr->updateGeometry();
+        m_layoutStale = true;
         Refresh(true);
     });
 }
@@ -177,11 +207,12 @@ void kwPropertyControlPrivate::AutoSizeFieldNameWidths()
 void kwPropertyControlPrivate::UserControl_Resize()
 {
     trap("Sub 'UserControl_Resize' of User Control 'kwPropertyControl'", [&] {
-        picOuter->setWidth(extenderWidth());
-        picOuter->setHeight(extenderHeight());
-        picInner->setWidth(picOuter->Width() - VScroll1->Width());
-        VScroll1->setHeight(std::max(0.0f, picOuter->Height() - 60));
-        VScroll1->Move(picOuter->ScaleWidth() - VScroll1->Width(), 0);
+        picOuter->setGeometry(q_ptr->rect());
+        // At the right end of the viewport's inner width, from its top.
+        const int barWidth = twipsToPixelsX(ScrollBarWidth);
+        VScroll1->setGeometry(picOuter->contentsRect().width() - barWidth, 0, barWidth,
+            std::max(0, twipsToPixelsY(std::max(0.0f, viewportHeight() - ViewportFrame))));
+        m_layoutStale = true;
         Refresh(true);
     });
 }

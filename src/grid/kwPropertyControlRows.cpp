@@ -1,197 +1,270 @@
-// Row creation: the name cell of a new row and the editor for each field type, created through
-// the class factory, named from one creation counter and placed on the canvas picInner.
+// The rows on the canvas: a name cell placed below the last row when a field's type is set, the
+// rows found by their place, the order that Tab and the arrow keys follow, and the row that is
+// current.
 
 #include "grid/kwPropertyControl_p.h"
 
-#include "editors/kwComboField.h"
-#include "editors/kwFileSelectorField.h"
-#include "editors/kwFolderSelectorField.h"
-#include "editors/kwMemoField.h"
-#include "editors/kwSimpleCheck.h"
-#include "editors/kwSliderValue.h"
+#include "editors/FieldKind.h"
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
-#include "platform/ClassFactory.h"
-#include "platform/DatePicker.h"
+#include "grid/GridView.h"
 #include "platform/Error.h"
-#include "platform/PictureBox.h"
-#include "platform/TextBox.h"
-#include "platform/VScrollBar.h"
+#include "platform/Twips.h"
 #include "platform/Values.h"
+
+#include <QFocusEvent>
+
+#include <algorithm>
 
 namespace kwFieldDeck {
 
 namespace {
-// One counter for all grids of a thread, so that no two rows ever share a control name.
-thread_local qint32 controlCounter = 0;
-
-// Adjacent rows share one 15-twip border line; editors overlap the name column by 25.
-constexpr float SharedBorder = 15;
-constexpr float EditorOverlap = 25;
-
-QString counterText()
-{
-    return QString::number(controlCounter);
-}
+// The date picker ends 30 twips short of the scroll bar where every other editor ends 40 short:
+// intended.
+constexpr float EditorMargin = 40;
+constexpr float DatePickerMargin = 30;
 } // namespace
 
-TextBox *kwPropertyControlPrivate::AddField()
+// Hidden fields count too; the new field has no name cell yet and so is not the last one.
+float kwPropertyControlPrivate::TopOfNewRow() const
 {
-    return trap("Function 'AddField' of User Control 'kwPropertyControl'", [&]() -> TextBox * {
-        ++controlCounter;
-        auto *label = static_cast<TextBox *>(Controls().Add(
-            TextBox::ClassId, QStringLiteral("FieldName") + counterText(), picInner->widget()));
-        label->setForeColor(m_FieldNameForeColor);
-        label->setBackColor(m_FieldNameBackColor);
-        label->setTop(TopOfNewRow());
-        label->setAppearance(0);
-        label->setLocked(true);
-        label->setHeight(m_RowHeight);
-        label->setWidth(m_FieldNameWidth);
-        label->setTabStop(false);
-        label->setInView(IsNearView(label));
-        picInner->setHeight(label->Top() + label->Height());
+    const KeyedCollection<Field> &fields = FieldsPrivate::get(m_Fields)->m_fields;
+    for (int i = fields.count() - 1; i >= 0; --i) {
+        const qsizetype at = FieldPrivate::get(fields.at(i))->m_row;
+        if (at >= 0)
+            return m_canvas.at(at).top + m_canvas.at(at).height - SharedBorder;
+    }
+    return 0;
+}
+
+void kwPropertyControlPrivate::AddField(Field *oField)
+{
+    trap("Function 'AddField' of User Control 'kwPropertyControl'", [&] {
+        CanvasRow row;
+        row.field = oField;
+        row.top = TopOfNewRow();
+        row.height = m_RowHeight;
+        row.width = m_FieldNameWidth;
+        row.editorLeft = row.width - EditorOverlap;
+        row.editorHeight = m_RowHeight;
+        const qint32 type = oField->FieldType();
+        row.editorWidth = EditorWidth(type == ftDate ? DatePickerMargin : EditorMargin);
+        FieldPrivate *field = FieldPrivate::get(oField);
+        if (field->m_row >= 0)
+            m_layoutStale = true;
+        field->m_row = m_canvas.size();
+        m_canvas.append(row);
+        m_canvasHeight = std::max(m_canvasHeight, row.top + row.height);
+        picOuter->updateRow(field->m_row);
         // The new row enters the scroll range only at the next full layout: intended.
         CalcSlider();
-        return label;
     });
 }
 
-float kwPropertyControlPrivate::TopOfNewRow()
+qsizetype kwPropertyControlPrivate::rowOf(const Field *field) const
 {
-    // Hidden fields count too; the new field has no name cell yet and so is not the last one.
-    Field *last = FieldsPrivate::get(m_Fields)->LastLabelledField();
-    if (!last)
-        return 0;
-    const TextBox *label = FieldPrivate::get(last)->FieldNameControl();
-    return label->Top() + label->Height() - SharedBorder;
+    return field ? FieldPrivate::get(field)->m_row : -1;
 }
 
-TextBox *kwPropertyControlPrivate::AddTextBox(Field *oField)
+// The rows in the order they are painted: those of the last full layout, then those added
+// since; both run down the canvas.
+namespace {
+struct PaintOrder
 {
-    return trap("Function 'AddTextBox' of User Control 'kwPropertyControl'",
-        [&] { return addTextEditor(QStringLiteral("TextBox"), oField); });
+    const QVector<qsizetype> &laid;
+    qsizetype addedFrom;
+    qsizetype canvasSize;
+
+    qsizetype size() const { return laid.size() + std::max<qsizetype>(0, canvasSize - addedFrom); }
+    qsizetype at(qsizetype i) const
+    {
+        return i < laid.size() ? laid.at(i) : addedFrom + (i - laid.size());
+    }
+};
+} // namespace
+
+QVector<qsizetype> kwPropertyControlPrivate::rowsBetween(float top, float bottom) const
+{
+    const PaintOrder order { m_laidRows, m_laidUpTo, m_canvas.size() };
+    QVector<qsizetype> rows;
+    // Each of the two runs is searched by halving for its first row that reaches below top.
+    auto collect = [&](qsizetype begin, qsizetype end) {
+        qsizetype low = begin, high = end;
+        while (low < high) {
+            const qsizetype mid = (low + high) / 2;
+            const CanvasRow &row = m_canvas.at(order.at(mid));
+            if (row.top + row.height <= top)
+                low = mid + 1;
+            else
+                high = mid;
+        }
+        for (qsizetype i = low; i < end; ++i) {
+            const CanvasRow &row = m_canvas.at(order.at(i));
+            if (row.top > bottom)
+                break;
+            rows.append(order.at(i));
+        }
+    };
+    collect(0, m_laidRows.size());
+    collect(m_laidRows.size(), order.size());
+    return rows;
 }
 
-TextBox *kwPropertyControlPrivate::AddNumeric(Field *oField)
+qsizetype kwPropertyControlPrivate::rowAt(float canvasY) const
 {
-    return trap("Function 'AddNumeric' of User Control 'kwPropertyControl'",
-        [&] { return addTextEditor(QStringLiteral("Numeric"), oField); });
-}
-
-TextBox *kwPropertyControlPrivate::addTextEditor(const QString &kind, Field *oField)
-{
-    const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
-    auto *editor = static_cast<TextBox *>(
-        Controls().Add(TextBox::ClassId, kind + counterText(), picInner->widget()));
-    editor->setTop(label->Top());
-    editor->setLeft(label->Left() + label->Width() - EditorOverlap);
-    editor->setAppearance(0);
-    editor->setHeight(m_RowHeight);
-    editor->setWidth(EditorWidth(40));
-    EnterRow(oField, editor);
-    editor->setVisible(true);
-    editor->setText(textOf(oField->Value()));
-    return editor;
-}
-
-DatePicker *kwPropertyControlPrivate::AddDatePicker(Field *oField)
-{
-    return trap(
-        "Function 'AddDatePicker' of User Control 'kwPropertyControl'", [&]() -> DatePicker * {
-            const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
-            auto *picker = static_cast<DatePicker *>(Controls().Add(DatePicker::ClassId,
-                QStringLiteral("DTPicker") + counterText(), picInner->widget()));
-            picker->setTop(label->Top());
-            picker->setLeft(label->Left() + label->Width() - EditorOverlap);
-            picker->setHeight(m_RowHeight);
-            // 30 where every other editor uses 40: intended.
-            picker->setWidth(EditorWidth(30));
-            EnterRow(oField, picker);
-            picker->setVisible(true);
-            const QVariant value = oField->Value();
-            if (isDate(value))
-                picker->setValue(toDate(value));
-            return picker;
-        });
-}
-
-Control *kwPropertyControlPrivate::addLibraryEditor(const QString &className, Field *oField)
-{
-    const TextBox *label = require(FieldPrivate::get(require(oField))->FieldNameControl());
-    Control *editor = Controls().Add(libraryTitle() + QLatin1Char('.') + className,
-        className + counterText(), picInner->widget());
-    editor->setTop(label->Top());
-    editor->setLeft(label->Left() + label->Width() - EditorOverlap);
-    editor->setHeight(m_RowHeight);
-    editor->setWidth(EditorWidth(40));
-    EnterRow(oField, editor);
-    editor->setVisible(true);
-    return editor;
+    qsizetype found = -1;
+    for (qsizetype row : rowsBetween(canvasY, canvasY)) {
+        const CanvasRow &cell = m_canvas.at(row);
+        if (cell.field->Visible() && cell.top <= canvasY && canvasY < cell.top + cell.height)
+            found = row;
+    }
+    return found;
 }
 
 namespace {
-template <typename Editor>
-Editor *editorIn(Control *extender)
+// A row that Tab and the arrow keys come to: shown, the field's own, with an editor that takes
+// the focus.
+bool isReachable(const CanvasRow &cell, qsizetype at)
 {
-    return qobject_cast<Editor *>(WindowlessUserControl::of(require(extender)));
+    const FieldPrivate *field = FieldPrivate::get(cell.field);
+    const FieldKind *kind = field->editorKind();
+    return cell.field->Visible() && field->m_row == at && kind
+        && (!kind->appliesEnabled() || field->m_editor.enabled);
 }
 } // namespace
 
-kwSimpleCheck *kwPropertyControlPrivate::AddCheckBox(Field *oField)
+Field *kwPropertyControlPrivate::neighbourRow(Field *from, int steps) const
 {
-    return trap("Function 'AddCheckBox' of User Control 'kwPropertyControl'", [&] {
-        auto *check = editorIn<kwSimpleCheck>(addLibraryEditor("kwSimpleCheck", oField));
-        check->setValue(toBool(oField->Value()) ? 1 : 0);
-        return check;
-    });
+    const PaintOrder order { m_laidRows, m_laidUpTo, m_canvas.size() };
+    const qsizetype at = rowOf(from);
+    qsizetype position = -1;
+    for (qsizetype i = 0; i < order.size() && position < 0; ++i) {
+        if (order.at(i) == at)
+            position = i;
+    }
+    if (position < 0)
+        return nullptr;
+    const int direction = steps < 0 ? -1 : 1;
+    Field *reached = nullptr;
+    for (qsizetype i = position + direction; i >= 0 && i < order.size() && steps != 0;
+         i += direction) {
+        const qsizetype row = order.at(i);
+        if (!isReachable(m_canvas.at(row), row))
+            continue;
+        reached = m_canvas.at(row).field;
+        steps -= direction;
+    }
+    return reached;
 }
 
-kwComboField *kwPropertyControlPrivate::AddComboBox(Field *oField)
+Field *kwPropertyControlPrivate::firstOrLastRow(bool last) const
 {
-    return trap("Function 'AddComboBox' of User Control 'kwPropertyControl'", [&] {
-        auto *combo = editorIn<kwComboField>(addLibraryEditor("kwComboField", oField));
-        combo->setValue(textOf(oField->Value()));
-        return combo;
-    });
+    const PaintOrder order { m_laidRows, m_laidUpTo, m_canvas.size() };
+    for (qsizetype n = 0; n < order.size(); ++n) {
+        const qsizetype row = order.at(last ? order.size() - 1 - n : n);
+        if (isReachable(m_canvas.at(row), row))
+            return m_canvas.at(row).field;
+    }
+    return nullptr;
 }
 
-kwSliderValue *kwPropertyControlPrivate::AddSliderValue(Field *oField)
+int kwPropertyControlPrivate::rowsPerPage() const
 {
-    return trap("Function 'AddSliderValue' of User Control 'kwPropertyControl'", [&] {
-        auto *slider = editorIn<kwSliderValue>(addLibraryEditor("kwSliderValue", oField));
-        slider->setValue(toInt32(oField->Value()));
-        return slider;
-    });
+    return std::max(1, int(viewportHeight() / pitch()));
 }
 
-kwFileSelectorField *kwPropertyControlPrivate::AddFileSelectorField(Field *oField)
+void kwPropertyControlPrivate::rowChanged(Field *oField)
 {
-    return trap("Function 'AddFileSelectorField' of User Control 'kwPropertyControl'", [&] {
-        auto *selector
-            = editorIn<kwFileSelectorField>(addLibraryEditor("kwFileSelectorField", oField));
-        selector->setValue(textOf(oField->Value()));
-        return selector;
-    });
+    const qsizetype at = rowOf(oField);
+    if (at >= 0)
+        picOuter->updateRow(at);
+    m_rowEditor.refresh(oField);
 }
 
-kwFolderSelectorField *kwPropertyControlPrivate::AddFolderSelectorField(Field *oField)
+void kwPropertyControlPrivate::rowShownOrHidden(Field *oField)
 {
-    return trap("Function 'AddFolderSelectorField' of User Control 'kwPropertyControl'", [&] {
-        auto *selector
-            = editorIn<kwFolderSelectorField>(addLibraryEditor("kwFolderSelectorField", oField));
-        selector->setValue(textOf(oField->Value()));
-        return selector;
-    });
+    m_layoutStale = true;
+    if (m_rowEditor.row() == oField && !oField->Visible())
+        m_rowEditor.release();
+    picOuter->update();
 }
 
-kwMemoField *kwPropertyControlPrivate::AddMemoField(Field *oField)
+void kwPropertyControlPrivate::FocusRowEditor(Field *oField)
 {
-    return trap("Function 'AddMemoField' of User Control 'kwPropertyControl'", [&] {
-        auto *memo = editorIn<kwMemoField>(addLibraryEditor("kwMemoField", oField));
-        memo->setValue(textOf(oField->Value()));
-        return memo;
-    });
+    m_rowEditor.focus(oField);
+}
+
+// A row the focus comes to is scrolled into view row by row, down or up.
+void kwPropertyControlPrivate::ScrollIntoView(Field *oField)
+{
+    const qsizetype at = rowOf(oField);
+    if (at < 0)
+        return;
+    const CanvasRow &row = m_canvas.at(at);
+    while (m_canvasTop + row.top + row.height > viewportHeight())
+        setFirstRow(roundToInt16(double(m_FirstRow) + 1));
+    while (m_canvasTop + row.top < 0)
+        setFirstRow(roundToInt16(double(m_FirstRow) - 1));
+}
+
+void kwPropertyControlPrivate::setHighlighted(Field *oField)
+{
+    if (m_highlighted == oField)
+        return;
+    if (const qsizetype before = rowOf(m_highlighted); before >= 0)
+        picOuter->updateRow(before);
+    m_highlighted = oField;
+    if (const qsizetype now = rowOf(oField); now >= 0)
+        picOuter->updateRow(now);
+}
+
+QPalette kwPropertyControlPrivate::canvasPalette() const
+{
+    QPalette palette = q_ptr->palette();
+    const QColor canvas = screenColor(m_canvasColor);
+    for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
+        for (QPalette::ColorRole role : { QPalette::Base, QPalette::Window, QPalette::Button })
+            palette.setColor(group, role, canvas);
+    }
+    return palette;
+}
+
+void kwPropertyControlPrivate::applyColors()
+{
+    QPalette palette = q_ptr->palette();
+    palette.setColor(QPalette::Window, screenColor(m_BackColor));
+    picOuter->setPalette(palette);
+    if (Field *row = m_rowEditor.row())
+        m_rowEditor.refresh(row);
+    picOuter->update();
+}
+
+// Tab and Shift+Tab from outside enter the first or the last row; the grid itself keeps a focus
+// that a click on no row or a row's change of editor gave it.
+bool kwPropertyControlPrivate::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == q_ptr && event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) {
+            const bool backwards = reason == Qt::BacktabFocusReason;
+            if (Field *row = firstOrLastRow(backwards))
+                m_rowEditor.enter(row, backwards);
+        }
+    }
+    return UserControl::eventFilter(watched, event);
+}
+
+bool kwPropertyControlPrivate::focusNextPrevChild(bool next)
+{
+    if (!q_ptr->hasFocus())
+        return false;
+    Field *row = m_rowEditor.row();
+    if (!row)
+        row = firstOrLastRow(!next);
+    if (!row)
+        return false;
+    m_rowEditor.enter(row, !next);
+    return true;
 }
 
 } // namespace kwFieldDeck

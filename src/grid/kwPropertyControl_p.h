@@ -3,6 +3,7 @@
 #include <kwFieldDeck/kwPropertyControl.h>
 
 #include "fieldmodel/FieldHost.h"
+#include "grid/RowEditor.h"
 #include "platform/Colors.h"
 #include "platform/UserControl.h"
 
@@ -11,15 +12,29 @@
 #include <QString>
 #include <QVector>
 
+class QScrollBar;
+
 namespace kwFieldDeck {
 
-class Control;
-class PictureBox;
-class VScrollBar;
+class GridView;
 
-// The grid's state and its workings: the rows sit on the canvas picInner, which moves inside
-// the viewport picOuter beside the scroll bar VScroll1, all on the grid's widget (the surface).
-// Geometry is in twips.
+// A name cell of the grid and the editor beside it, in twips on the canvas. A field has one
+// from when its type is set; a field whose type is set again gets another, and the first stays
+// where it was (intended), as do the rows of removed fields, hidden.
+struct CanvasRow
+{
+    Field *field = nullptr;
+    float top = 0;
+    float height = 0;
+    float width = 0;
+    float editorLeft = 0;
+    float editorWidth = 0;
+    float editorHeight = 0;
+};
+
+// The grid's state and its workings. The rows are data, painted by the viewport picOuter with
+// the style; the canvas they lie on is scrolled by the scroll bar VScroll1, and the row with
+// the focus has a live editor (RowEditor). Geometry is in twips.
 class kwPropertyControlPrivate : public UserControl, public FieldHost
 {
     Q_OBJECT
@@ -37,7 +52,7 @@ public:
 
     // The properties behind the public accessors.
     kwFieldDeck::Fields *Fields() const { return m_Fields; }
-    OleColor BackColor() const;
+    OleColor BackColor() const { return m_BackColor; }
     void setBackColor(OleColor color);
     void setForeColor(OleColor color);
     void setEnabled(bool enabled);
@@ -47,11 +62,11 @@ public:
     void setBorderStyle(qint16 style);
     qint16 ScaleMode() const;
     void setScaleMode(qint16 mode);
-    qint16 Appearance() const;
+    qint16 Appearance() const { return m_Appearance; }
     void setAppearance(qint16 appearance);
-    OleColor FieldNameBackColor() const override { return m_FieldNameBackColor; }
+    OleColor FieldNameBackColor() const { return m_FieldNameBackColor; }
     void setFieldNameBackColor(OleColor color);
-    OleColor FieldNameForeColor() const override { return m_FieldNameForeColor; }
+    OleColor FieldNameForeColor() const { return m_FieldNameForeColor; }
     void setFieldNameForeColor(OleColor color);
     void SetFocus();
     void Refresh(bool Redraw) override;
@@ -68,35 +83,55 @@ public:
         const QString &AppName, const QString &Section, const QString &Setting);
     void GetValuesFromRegistry(
         const QString &AppName, const QString &Section, const QString &Setting);
-    void RealizeNextRow(bool next);
-
-    PictureBox *InnerPicBox() const { return picInner; }
-    PictureBox *OuterPicBox() const { return picOuter; }
     void CalcSlider();
 
     // What the fields ask of their grid.
-    TextBox *AddField() override;
-    TextBox *AddTextBox(Field *oField) override;
-    TextBox *AddNumeric(Field *oField) override;
-    DatePicker *AddDatePicker(Field *oField) override;
-    kwSimpleCheck *AddCheckBox(Field *oField) override;
-    kwComboField *AddComboBox(Field *oField) override;
-    kwSliderValue *AddSliderValue(Field *oField) override;
-    kwFileSelectorField *AddFileSelectorField(Field *oField) override;
-    kwFolderSelectorField *AddFolderSelectorField(Field *oField) override;
-    kwMemoField *AddMemoField(Field *oField) override;
-    void ScrollIntoView(const TextBox *label) override;
+    void AddField(Field *oField) override;
+    void rowChanged(Field *oField) override;
+    void rowShownOrHidden(Field *oField) override;
+    void FocusRowEditor(Field *oField) override;
+    void ScrollIntoView(Field *oField) override;
+    void setHighlighted(Field *oField) override;
     void ShowDescription(const QString &description) override;
     void RaiseChangedEvent(Field *oField) override;
+
+    // The view's side.
+    QScrollBar *scrollBar() const { return VScroll1; }
+    GridView *view() const { return picOuter; }
+    RowEditor &rowEditor() { return m_rowEditor; }
+    const QVector<CanvasRow> &canvasRows() const { return m_canvas; }
+    // The canvas row that is the field's current name cell, or -1.
+    qsizetype rowOf(const Field *field) const;
+    // The row at a height of the canvas, in twips, or -1; and the rows that lie between two
+    // heights, in the order they are painted.
+    qsizetype rowAt(float canvasY) const;
+    QVector<qsizetype> rowsBetween(float top, float bottom) const;
+    // Where the canvas lies in the viewport: its top, in twips (0 or less when scrolled).
+    float canvasTop() const { return m_canvasTop; }
+    float pitch() const { return m_RowHeight - SharedBorder; }
+    Field *highlighted() const { return m_highlighted; }
+    // The rows that Tab, Up, Down and the page keys move through: visible rows with an editor,
+    // in the order of the canvas.
+    Field *neighbourRow(Field *from, int steps) const;
+    Field *firstOrLastRow(bool last) const;
+    int rowsPerPage() const;
+    // The colours that the canvas and every idle editor start from.
+    QPalette canvasPalette() const;
 
     // The colours of a new grid, also what a reset gives back and what a save leaves out.
     static constexpr OleColor DefaultBackColor = SystemColor::ButtonFace;
     static constexpr OleColor DefaultForeColor = 0;
     static constexpr OleColor DefaultFieldNameBackColor = SystemColor::WindowBackground;
     static constexpr OleColor DefaultFieldNameForeColor = SystemColor::WindowText;
+    // Adjacent rows share one border line of 15 twips; editors overlap the name column by 25.
+    static constexpr float SharedBorder = 15;
+    static constexpr float EditorOverlap = 25;
     QColor screenColor(OleColor color) const;
     static OleColor oleColorOr(const QColor &color, OleColor fallback);
 
+    OleColor m_BackColor = DefaultBackColor;
+    // The colour of the canvas the rows lie on, which their editors show around them.
+    OleColor m_canvasColor = DefaultBackColor;
     OleColor m_FieldNameBackColor = DefaultFieldNameBackColor;
     OleColor m_FieldNameForeColor = DefaultFieldNameForeColor;
     float m_RowHeight = 315;
@@ -106,6 +141,7 @@ public:
     QFont m_Font;
     qint16 m_BackStyle = 0;
     qint16 m_BorderStyle = 0;
+    qint16 m_Appearance = 1;
     qint16 m_FirstRow = 0;
     QPointer<QObject> m_DescriptionLabel;
     QString m_AppPath;
@@ -117,38 +153,46 @@ protected:
     void UserControl_Resize() override;
     void UserControl_Paint() override;
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public:
+    bool focusNextPrevChild(bool next);
+
 private:
     void VScroll1_Change();
     void VScroll1_Scroll();
     void applyFont(const QFont &font);
-    float TopOfNewRow();
+    void applyColors();
+    void applyAppearance(qint16 appearance);
+    void moveCanvas(float top);
+    float TopOfNewRow() const;
+    float viewportWidth() const;
+    float viewportHeight() const;
     float EditorWidth(float margin) const;
     QSize SizeForRows(int rows, float valueWidth) const;
-    TextBox *addTextEditor(const QString &kind, Field *oField);
-    Control *addLibraryEditor(const QString &className, Field *oField);
-    void EnterRow(Field *oField, Control *editor);
-    void ShowRowsInView();
-    float ViewReach() const;
-    bool IsNearView(const Control *label) const;
-    void stackRow(Field *field, const Control *nextRow);
-    void ChainRows();
-    qsizetype RowIndex(Field *field) const;
+    void layRow(CanvasRow &row, float top);
     void CleanDefString(QString &DefString);
 
     kwPropertyControl *q_ptr;
-    PictureBox *picOuter = nullptr;
-    PictureBox *picInner = nullptr;
-    VScrollBar *VScroll1 = nullptr;
+    GridView *picOuter = nullptr;
+    QScrollBar *VScroll1 = nullptr;
+    RowEditor m_rowEditor;
 
     kwFieldDeck::Fields *m_Fields = nullptr;
+    QVector<CanvasRow> m_canvas;
+    // The rows laid out by the last full layout, in canvas order, and whether anything since
+    // (a row shown or hidden, removed, retyped, a new row height) calls for a new one; rows
+    // added since are laid out after them.
+    QVector<qsizetype> m_laidRows;
+    qsizetype m_laidUpTo = 0;
+    int m_laidFieldCount = 0;
+    bool m_layoutStale = false;
+    float m_canvasTop = 0;
+    float m_canvasHeight = 0;
     qint32 m_VisibleRowCount = 0;
     bool m_Busy = false;
     Field *m_LastAddedField = nullptr;
-    // The rows in canvas order, and those shown now because they are near the viewport.
-    QVector<Field *> m_RowOrder;
-    bool m_RowOrderSorted = true;
-    QVector<Field *> m_RowsShown;
-    bool m_TabChainStale = false;
+    Field *m_highlighted = nullptr;
 };
 
 } // namespace kwFieldDeck

@@ -2,11 +2,7 @@
 
 #include "platform/CaselessKey.h"
 #include "platform/Control.h"
-#include "platform/DatePicker.h"
 #include "platform/Error.h"
-#include "platform/PictureBox.h"
-#include "platform/TextBox.h"
-#include "platform/VScrollBar.h"
 
 #include <QHash>
 
@@ -26,24 +22,6 @@ QHash<CaselessKey, Creator> &registry()
     return classes;
 }
 
-template <typename T>
-void registerStandard()
-{
-    registerClass(QLatin1String(T::ClassId),
-        [](const QString &name, QObject *owner) -> Control * { return new T(name, owner); });
-}
-
-void registerStandardControls()
-{
-    static bool done = false;
-    if (done)
-        return;
-    done = true;
-    registerStandard<TextBox>();
-    registerStandard<PictureBox>();
-    registerStandard<VScrollBar>();
-    registerStandard<DatePicker>();
-}
 } // namespace
 
 bool registerClass(const QString &classId, Creator creator)
@@ -54,13 +32,11 @@ bool registerClass(const QString &classId, Creator creator)
 
 bool isRegistered(const QString &classId)
 {
-    registerStandardControls();
     return registry().contains({ classId });
 }
 
 Control *create(const QString &classId, const QString &name, QObject *owner)
 {
-    registerStandardControls();
     const auto found = registry().constFind({ classId });
     if (found == registry().constEnd())
         raise(ErrCannotCreateObject,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Colors.h"
+#include "platform/Twips.h"
 
 #include <QFont>
 #include <QObject>
@@ -12,16 +13,6 @@
 class QKeyEvent;
 
 namespace kwFieldDeck {
-
-// Twips per screen pixel (1440 / logical DPI; 15 at 96 DPI).
-double twipsPerPixelX();
-double twipsPerPixelY();
-int twipsToPixelsX(double twips);
-int twipsToPixelsY(double twips);
-
-// Width and height of a text drawn in a font, in twips.
-double textWidthTwips(const QFont &font, const QString &text);
-double textHeightTwips(const QFont &font, const QString &text);
 
 // Key codes and shift state as the original platform reported them to key handlers.
 namespace KeyCode {

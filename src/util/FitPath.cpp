@@ -1,8 +1,5 @@
 #include "util/FitPath.h"
 
-#include "platform/Error.h"
-#include "platform/TextBox.h"
-#include "platform/Values.h"
 
 #include <QFontMetrics>
 
@@ -27,16 +24,6 @@ QString FitPath(const QFont &font, int widthPixels, const QString &path)
             return candidate;
     }
     return ellipsis + path.mid(lastSeparator);
-}
-
-QString FitPath(const TextBox *box, const QString &path)
-{
-    if (path.isEmpty())
-        return QString();
-    const TextBox *textBox = require(box);
-    // The box's width in pixels less 5, as the text box's own margins need.
-    const int width = roundToInt32(textBox->Width() / twipsPerPixelX() - 5);
-    return FitPath(textBox->Font(), width, path);
 }
 
 } // namespace kwFieldDeck

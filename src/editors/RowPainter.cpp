@@ -1,0 +1,152 @@
+#include "editors/RowPainter.h"
+
+#include <QComboBox>
+#include <QDate>
+#include <QDateEdit>
+#include <QHash>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+#include <QWidget>
+
+namespace kwFieldDeck::RowPainter {
+
+namespace {
+// QLineEdit keeps its text this far from the inner edges of its frame.
+constexpr int TextMarginX = 2;
+
+QPalette::ColorGroup groupOf(bool enabled)
+{
+    return enabled ? QPalette::Active : QPalette::Disabled;
+}
+
+template <typename Measure>
+int measuredOnce(QHash<QString, int> &cache, const QFont &font, Measure &&measure)
+{
+    const QString key = font.key();
+    auto found = cache.constFind(key);
+    if (found == cache.constEnd())
+        found = cache.insert(key, measure());
+    return *found;
+}
+} // namespace
+
+void surface(QPainter *painter, const QRect &rect, const QPalette &palette)
+{
+    painter->fillRect(rect, palette.color(QPalette::Active, QPalette::Window));
+}
+
+void lineEdit(QPainter *painter, const QWidget *widget, const QRect &rect, const QString &text,
+    const QPalette &palette, const QFont &font, bool enabled, Frame frame)
+{
+    QStyle *style = widget->style();
+    QStyleOptionFrame panel;
+    panel.initFrom(widget);
+    panel.rect = rect;
+    panel.palette = palette;
+    panel.state = QStyle::State_Sunken;
+    if (enabled)
+        panel.state |= QStyle::State_Enabled;
+    panel.palette.setCurrentColorGroup(groupOf(enabled));
+    panel.lineWidth = frame == Frame::Styled ? style->pixelMetric(QStyle::PM_DefaultFrameWidth) : 0;
+    panel.midLineWidth = 0;
+    style->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, painter, widget);
+
+    QRect textRect = style->subElementRect(QStyle::SE_LineEditContents, &panel, widget);
+    if (frame == Frame::Flat)
+        textRect.adjust(3, 0, -2, 0);
+    textRect.adjust(TextMarginX, 1, -TextMarginX, -1);
+    painter->save();
+    painter->setFont(font);
+    painter->setPen(palette.color(groupOf(enabled), QPalette::Text));
+    painter->setClipRect(textRect.intersected(rect));
+    painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    painter->restore();
+    if (frame == Frame::Flat) {
+        painter->save();
+        painter->setPen(palette.color(groupOf(enabled), QPalette::Mid));
+        painter->drawRect(rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
+}
+
+void button(QPainter *painter, const QWidget *widget, const QRect &rect, const QString &caption,
+    const QPalette &palette, const QFont &font, bool enabled)
+{
+    QStyleOptionButton option;
+    option.initFrom(widget);
+    option.rect = rect;
+    option.palette = palette;
+    option.palette.setCurrentColorGroup(groupOf(enabled));
+    option.state = QStyle::State_Raised;
+    if (enabled)
+        option.state |= QStyle::State_Enabled;
+    option.text = caption;
+    option.fontMetrics = QFontMetrics(font);
+    painter->save();
+    painter->setFont(font);
+    widget->style()->drawControl(QStyle::CE_PushButton, &option, painter, widget);
+    painter->restore();
+}
+
+void comboBox(QPainter *painter, const QWidget *widget, const QRect &rect, const QString &text,
+    const QPalette &palette, const QFont &font, bool enabled, Combo combo)
+{
+    QStyle *style = widget->style();
+    QStyleOptionComboBox option;
+    option.initFrom(widget);
+    option.rect = rect;
+    option.palette = palette;
+    option.palette.setCurrentColorGroup(groupOf(enabled));
+    option.state = enabled ? QStyle::State_Enabled : QStyle::State_None;
+    option.editable = combo == Combo::Editable;
+    option.frame = true;
+    option.currentText = text;
+    option.subControls = QStyle::SC_All;
+    option.fontMetrics = QFontMetrics(font);
+    painter->save();
+    painter->setFont(font);
+    painter->setPen(option.palette.color(QPalette::ButtonText));
+    style->drawComplexControl(QStyle::CC_ComboBox, &option, painter, widget);
+    if (combo == Combo::List) {
+        style->drawControl(QStyle::CE_ComboBoxLabel, &option, painter, widget);
+    } else {
+        // An editable box's text is its line edit's, inside the edit field.
+        const QRect field = style->subControlRect(
+            QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, widget);
+        painter->setPen(option.palette.color(QPalette::Text));
+        painter->drawText(field.adjusted(TextMarginX, 0, -TextMarginX, 0),
+            Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    }
+    painter->restore();
+}
+
+int lineEditHeight(const QFont &font)
+{
+    static QHash<QString, int> heights;
+    return measuredOnce(heights, font, [&] {
+        QLineEdit measure;
+        measure.setFont(font);
+        return measure.sizeHint().height();
+    });
+}
+
+int comboBoxHeight(const QFont &font)
+{
+    static QHash<QString, int> heights;
+    return measuredOnce(heights, font, [&] {
+        QComboBox measure;
+        measure.setFont(font);
+        return measure.sizeHint().height();
+    });
+}
+
+QString dateText(const QDate &date)
+{
+    static const QString format = QDateEdit().displayFormat();
+    return QLocale().toString(date, format);
+}
+
+} // namespace kwFieldDeck::RowPainter

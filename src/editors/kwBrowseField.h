@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QPushButton>
+#include <QWidget>
+
+namespace kwFieldDeck {
+
+class kwTextBox;
+
+// The editor of a file, folder or memo row: the box Text1 and the "..." button btnBrowse at its
+// right end, which browses for the row's value. Arriving at the button browses at once.
+class kwBrowseField : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit kwBrowseField(QWidget *parent = nullptr);
+
+    // F4 in the box browses too (a memo's).
+    void setBrowseOnF4(bool browse) { m_browseOnF4 = browse; }
+
+    kwTextBox *const Text1;
+    QPushButton *const btnBrowse;
+
+signals:
+    // The user changed the box's text.
+    void Change();
+    void HasFocus();
+    // The button was clicked or reached, or F4 was pressed in a memo's box.
+    void Browse();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool m_browseOnF4 = false;
+};
+
+} // namespace kwFieldDeck
