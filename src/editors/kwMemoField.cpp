@@ -1,5 +1,6 @@
 #include "editors/kwMemoField.h"
 
+#include "memo/ModalShow.h"
 #include "memo/frmMemo.h"
 #include "platform/TextBox.h"
 
@@ -74,7 +75,7 @@ void kwMemoField::btnBrowse_Click()
         frmMemo memo;
         memo.setTitle(QStringLiteral("Field: ") + m_FieldName);
         memo.setValue(Text1->Tag());
-        memo.Show(Form::Modal);
+        showModal(memo);
         // The window has no cancel: the text it holds when it closes is the new value.
         Text1->setTag(memo.Value());
         Text1->setText(placeholder);
