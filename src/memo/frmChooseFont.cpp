@@ -53,9 +53,13 @@ frmChooseFont::frmChooseFont(QWidget *parent)
     side->addWidget(Frame1, 1);
     side->addLayout(buttons);
     auto *layout = new QHBoxLayout(this);
-    layout->addWidget(lstFonts, 3);
-    layout->addLayout(side, 2);
-    setFixedSize(353, 232);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->setSpacing(8);
+    layout->addWidget(lstFonts);
+    layout->addLayout(side, 1);
+    lstFonts->setFixedSize(193, 216);
+    // A fixed dialog, as large as its parts need in the desktop's style.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 
     for (const char *size : fontSizes)
         cboSize->addItem(QLatin1String(size));

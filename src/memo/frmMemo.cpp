@@ -60,6 +60,7 @@ QLabel *panel(QStatusBar *bar, const char *name, int minimumWidth, int stretch =
 {
     auto *label = named(new QLabel(bar), name);
     label->setMinimumWidth(minimumWidth);
+    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     bar->addWidget(label, stretch);
     return label;
 }

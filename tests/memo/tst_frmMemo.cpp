@@ -48,6 +48,7 @@ private slots:
         frmMemo memo;
         memo.setValue(text);
         memo.show();
+        memo.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&memo));
         QTest::keySequence(memo.txtMemo, keys);
         // Timer1 refreshes the status bar by itself.
@@ -83,6 +84,7 @@ private slots:
     {
         frmMemo memo;
         memo.show();
+        memo.activateWindow();
         QWidget *edit = memo.txtMemo;
         QTRY_VERIFY(edit->hasFocus());
         QTest::keyClicks(edit, QStringLiteral("ab"));
@@ -109,6 +111,7 @@ private slots:
         frmMemo memo;
         memo.setValue(QStringLiteral("kept"));
         memo.show();
+        memo.activateWindow();
         QMimeData data;
         for (const QString &path : files)
             data.setUrls(data.urls() << QUrl::fromLocalFile(path));
@@ -147,6 +150,7 @@ private slots:
         frmMemo memo;
         memo.setValue(QStringLiteral("kept"));
         memo.show();
+        memo.activateWindow();
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), expected);
@@ -199,6 +203,7 @@ private slots:
         });
         frmMemo memo;
         memo.show();
+        memo.activateWindow();
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), expected);
