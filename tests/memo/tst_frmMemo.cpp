@@ -96,6 +96,30 @@ private slots:
         QVERIFY(edit->hasFocus());
     }
 
+    // Text read back unedited keeps its breaks (tst_kwMemoField); once edited, every break is CR
+    // LF.
+    void anEditWritesEveryBreakAsCrLf_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("edited");
+        QTest::newRow("LF") << "ab\ncd"
+                            << "ab\r\ncd!";
+        QTest::newRow("CR") << "ab\rcd"
+                            << "ab\r\ncd!";
+        QTest::newRow("mixed") << "ab\r\ncd\r\rf"
+                               << "ab\r\ncd\r\n\r\nf!";
+    }
+    void anEditWritesEveryBreakAsCrLf()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, edited);
+        frmMemo memo;
+        memo.setValue(text);
+        QTest::keyClick(memo.txtMemo, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(memo.txtMemo, QStringLiteral("!"));
+        QCOMPARE(memo.Value(), edited);
+    }
+
     void droppedFilesReplaceTheTextOnlyWhenOneExists_data()
     {
         QTest::addColumn<QStringList>("files");
