@@ -96,6 +96,26 @@ private slots:
         QVERIFY(edit->hasFocus());
     }
 
+    // Copy and Cut follow the selection on the status tick; the desktop's clipboard holds LF.
+    void cutAndPasteGoThroughTheClipboardWhileCopyAndCutFollowTheSelection()
+    {
+        frmMemo memo;
+        memo.setValue(QStringLiteral("a\r\nb"));
+        memo.show();
+        memo.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&memo));
+        QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
+        QTest::keyClick(memo.txtMemo, Qt::Key_A, Qt::ControlModifier);
+        QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
+        memo.mnuCut->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("a\nb"));
+        QCOMPARE(memo.Value(), QString());
+        QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
+        memo.mnuPaste->trigger();
+        memo.mnuPaste->trigger();
+        QCOMPARE(memo.Value(), QStringLiteral("a\r\nba\r\nb"));
+    }
+
     // Text read back unedited keeps its breaks (tst_kwMemoField); once edited, every break is CR
     // LF.
     void anEditWritesEveryBreakAsCrLf_data()
