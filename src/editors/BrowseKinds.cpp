@@ -7,6 +7,7 @@
 #include "editors/RowPainter.h"
 #include "editors/kwBrowseField.h"
 #include "editors/kwTextBox.h"
+#include "memo/ModalShow.h"
 #include "memo/frmMemo.h"
 #include "platform/FileSystem.h"
 #include "platform/Twips.h"
@@ -226,7 +227,7 @@ QString BrowseKind::editMemo(QWidget *, EditorEvents *events) const
     frmMemo memo;
     memo.setTitle(QStringLiteral("Field: ") + events->fieldName());
     memo.setValue(events->state().tag);
-    memo.Show(Form::Modal);
+    showModal(memo);
     return memo.Value();
 }
 

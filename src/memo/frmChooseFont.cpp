@@ -1,66 +1,82 @@
 #include "memo/frmChooseFont.h"
 
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
 #include "platform/Error.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/ListBox.h"
 #include "platform/Services.h"
 #include "platform/Values.h"
 #include "util/WindowNotifications.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace kwFieldDeck {
 
 namespace {
 const char *const fontSizes[] = { "5", "6", "7", "8", "9", "10", "11", "12", "14", "16", "18", "20",
     "22", "24", "26", "28", "30", "36", "48", "72" };
+
+template <typename T>
+T *named(T *object, const char *name)
+{
+    object->setObjectName(QLatin1String(name));
+    return object;
+}
 } // namespace
 
-frmChooseFont::frmChooseFont(QObject *owner)
-    : Form(QStringLiteral("frmChooseFont"), owner)
-    , lstFonts(new ListBox(QStringLiteral("lstFonts"), this))
-    , cboSize(new ComboBox(QStringLiteral("cboSize"), this, 2))
-    , Label2(new Label(QStringLiteral("Label2"), this))
-    , Frame1(new Frame(QStringLiteral("Frame1"), this))
-    , lblSample(new Label(QStringLiteral("lblSample"), this))
-    , btnOk(new CommandButton(QStringLiteral("btnOk"), this))
-    , btnCancel(new CommandButton(QStringLiteral("btnCancel"), this))
+frmChooseFont::frmChooseFont(QWidget *parent)
+    : QDialog(parent)
+    , lstFonts(named(new QListWidget(this), "lstFonts"))
+    , Label2(named(new QLabel(QStringLiteral("Size"), this), "Label2"))
+    , cboSize(named(new QComboBox(this), "cboSize"))
+    , Frame1(named(new QGroupBox(QStringLiteral("Sample"), this), "Frame1"))
+    , lblSample(named(new QLabel(QStringLiteral("AaBbYyZz"), Frame1), "lblSample"))
+    , btnOk(named(new QPushButton(QStringLiteral("Ok"), this), "btnOk"))
+    , btnCancel(named(new QPushButton(QStringLiteral("Cancel"), this), "btnCancel"))
 {
-    setCaption(QStringLiteral("Choose Font"));
-    setBorderStyle(FixedDialog);
-    setClientSize(5295, 3480);
+    setObjectName(QStringLiteral("frmChooseFont"));
+    setWindowTitle(QStringLiteral("Choose Font"));
 
-    for (Control *part :
-        std::initializer_list<Control *> { lstFonts, Label2, cboSize, Frame1, btnOk, btnCancel }) {
-        part->setContainer(client());
-        part->setVisible(true);
-    }
-    lblSample->setContainer(Frame1->widget());
-    lblSample->setVisible(true);
+    lblSample->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    auto *sample = new QVBoxLayout(Frame1);
+    sample->addWidget(lblSample);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(btnOk);
+    buttons->addWidget(btnCancel);
+    auto *side = new QVBoxLayout;
+    side->addWidget(Label2);
+    side->addWidget(cboSize);
+    side->addWidget(Frame1, 1);
+    side->addLayout(buttons);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->setSpacing(8);
+    layout->addWidget(lstFonts);
+    layout->addLayout(side, 1);
+    lstFonts->setFixedSize(193, 216);
+    // A fixed dialog, as large as its parts need in the desktop's style.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    lstFonts->Move(120, 120, 2895, 3240);
-    Label2->setCaption(QStringLiteral("Size"));
-    Label2->Move(3135, 120, 2040, 255);
-    cboSize->Move(3135, 390, 2040, 330);
     for (const char *size : fontSizes)
-        cboSize->AddItem(QLatin1String(size));
-    Frame1->setCaption(QStringLiteral("Sample"));
-    Frame1->Move(3135, 870, 2040, 1890);
-    lblSample->setCaption(QStringLiteral("AaBbYyZz"));
-    lblSample->setAlignment(2);
-    lblSample->Move(90, 300, 1860, 1500);
-    btnOk->setCaption(QStringLiteral("Ok"));
-    btnOk->Move(3135, 2940, 960, 420);
-    btnCancel->setCaption(QStringLiteral("Cancel"));
-    btnCancel->Move(4215, 2940, 960, 420);
+        cboSize->addItem(QLatin1String(size));
+    // No size is chosen until the caller's size or the user picks one.
+    cboSize->setCurrentIndex(-1);
 
-    connect(lstFonts, &ListBox::Click, this, &frmChooseFont::lstFonts_Click);
-    connect(cboSize, &Control::Click, this, &frmChooseFont::cboSize_Click);
-    connect(btnOk, &Control::Click, this, &frmChooseFont::btnOk_Click);
-    connect(btnCancel, &Control::Click, this, &frmChooseFont::btnCancel_Click);
+    // Only a selection picks a font, by the user or by Font_Name: a list taking the focus makes
+    // its first row current, and that must pick nothing.
+    connect(lstFonts, &QListWidget::itemSelectionChanged, this, &frmChooseFont::lstFonts_Click);
+    connect(cboSize, &QComboBox::currentIndexChanged, this, &frmChooseFont::cboSize_Click);
+    connect(btnOk, &QPushButton::clicked, this, &frmChooseFont::btnOk_Click);
+    connect(btnCancel, &QPushButton::clicked, this, &frmChooseFont::btnCancel_Click);
+
+    trap("Sub 'Form_Load' of Form 'frmChooseFont'", [&] {
+        windowLoaded(this, QCoreApplication::applicationName());
+        LoadFonts();
+    });
 }
 
 void frmChooseFont::setFont_Name(const QString &name)
@@ -68,9 +84,9 @@ void frmChooseFont::setFont_Name(const QString &name)
     trap("Property 'Font_Name' of Form 'frmChooseFont'", [&] {
         m_FontName = name;
         LoadFonts();
-        for (int i = 0; i < lstFonts->ListCount(); ++i) {
-            if (lstFonts->List(i) == name) {
-                lstFonts->setListIndex(i);
+        for (int i = 0; i < lstFonts->count(); ++i) {
+            if (lstFonts->item(i)->text() == name) {
+                lstFonts->setCurrentRow(i);
                 break;
             }
         }
@@ -81,9 +97,9 @@ void frmChooseFont::setFont_Size(float size)
 {
     trap("Property 'Font_Size' of Form 'frmChooseFont'", [&] {
         m_FontSize = size;
-        for (int i = 0; i < cboSize->ListCount(); ++i) {
-            if (float(leadingNumber(cboSize->List(i))) == size) {
-                cboSize->setListIndex(i);
+        for (int i = 0; i < cboSize->count(); ++i) {
+            if (float(leadingNumber(cboSize->itemText(i))) == size) {
+                cboSize->setCurrentIndex(i);
                 break;
             }
         }
@@ -93,39 +109,24 @@ void frmChooseFont::setFont_Size(float size)
 void frmChooseFont::LoadFonts()
 {
     trap("Sub 'LoadFonts' of Form 'frmChooseFont'", [&] {
-        if (lstFonts->ListCount() != 0)
+        if (lstFonts->count() != 0)
             return;
         for (const QString &family : screenFontFamilies()) {
-            lstFonts->AddItem(family);
+            lstFonts->addItem(family);
             if (family == m_FontName)
-                lstFonts->setListIndex(lstFonts->NewIndex());
+                lstFonts->setCurrentRow(lstFonts->count() - 1);
         }
-    });
-}
-
-void frmChooseFont::Form_Load()
-{
-    trap("Sub 'Form_Load' of Form 'frmChooseFont'", [&] {
-        windowLoaded(window(), QCoreApplication::applicationName());
-        LoadFonts();
-    });
-}
-
-void frmChooseFont::Form_QueryUnload(int &, int UnloadMode)
-{
-    trap("Sub 'Form_QueryUnload' of Form 'frmChooseFont'", [&] {
-        // The window's close button is read as Cancel, so the caller's font stays as it was.
-        if (UnloadMode == FormControlMenu)
-            m_Cancelled = true;
-        windowClosed(window());
     });
 }
 
 void frmChooseFont::lstFonts_Click()
 {
     trap("Sub 'lstFonts_Click' of Form 'frmChooseFont'", [&] {
-        m_FontName = lstFonts->Text();
-        QFont font = lblSample->Font();
+        const QList<QListWidgetItem *> selected = lstFonts->selectedItems();
+        if (selected.isEmpty())
+            return;
+        m_FontName = selected.first()->text();
+        QFont font = lblSample->font();
         font.setFamily(m_FontName);
         lblSample->setFont(font);
     });
@@ -134,8 +135,10 @@ void frmChooseFont::lstFonts_Click()
 void frmChooseFont::cboSize_Click()
 {
     trap("Sub 'cboSize_Click' of Form 'frmChooseFont'", [&] {
-        const float size = float(leadingNumber(cboSize->Text()));
-        QFont font = lblSample->Font();
+        if (cboSize->currentIndex() < 0)
+            return;
+        const float size = float(leadingNumber(cboSize->currentText()));
+        QFont font = lblSample->font();
         font.setPointSizeF(size);
         lblSample->setFont(font);
         m_FontSize = size;
@@ -146,8 +149,8 @@ void frmChooseFont::btnOk_Click()
 {
     trap("Sub 'btnOk_Click' of Form 'frmChooseFont'", [&] {
         m_Cancelled = false;
-        windowClosed(window());
-        Hide();
+        windowClosed(this);
+        accept();
     });
 }
 
@@ -155,9 +158,15 @@ void frmChooseFont::btnCancel_Click()
 {
     trap("Sub 'btnCancel_Click' of Form 'frmChooseFont'", [&] {
         m_Cancelled = true;
-        windowClosed(window());
-        Hide();
+        windowClosed(this);
+        QDialog::reject();
     });
+}
+
+// The close command and Escape are read as Cancel, so the caller's font stays as it was.
+void frmChooseFont::reject()
+{
+    btnCancel_Click();
 }
 
 } // namespace kwFieldDeck

@@ -1,25 +1,25 @@
 #pragma once
 
-#include "platform/Form.h"
+#include <QDialog>
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
 
 namespace kwFieldDeck {
 
-class ComboBox;
-class CommandButton;
-class Frame;
-class Label;
-class ListBox;
-
 // The font chooser of the memo editor window: the screen fonts, a fixed list of sizes and a
 // sample. The caller sets Font_Name and Font_Size, shows it modally and, unless Cancelled, takes
-// the two back.
-class frmChooseFont : public Form
+// the two back. Only a font the user picks changes Font_Name.
+class frmChooseFont : public QDialog
 {
     Q_OBJECT
     Q_PROPERTY(QString Font_Name READ Font_Name WRITE setFont_Name)
     Q_PROPERTY(float Font_Size READ Font_Size WRITE setFont_Size)
 public:
-    explicit frmChooseFont(QObject *owner = nullptr);
+    explicit frmChooseFont(QWidget *parent = nullptr);
 
     QString Font_Name() const { return m_FontName; }
     // Selects the first listed font spelled exactly so; no other selection change.
@@ -29,18 +29,16 @@ public:
     void setFont_Size(float size);
     bool Cancelled() const { return m_Cancelled; }
 
-    // The window's parts, reachable by name as on the original platform.
-    ListBox *const lstFonts;
-    ComboBox *const cboSize;
-    Label *const Label2;
-    Frame *const Frame1;
-    Label *const lblSample;
-    CommandButton *const btnOk;
-    CommandButton *const btnCancel;
+    // The window's parts, also found by these object names.
+    QListWidget *const lstFonts;
+    QLabel *const Label2;
+    QComboBox *const cboSize;
+    QGroupBox *const Frame1;
+    QLabel *const lblSample;
+    QPushButton *const btnOk;
+    QPushButton *const btnCancel;
 
-protected:
-    void Form_Load() override;
-    void Form_QueryUnload(int &Cancel, int UnloadMode) override;
+    void reject() override;
 
 private:
     void LoadFonts();

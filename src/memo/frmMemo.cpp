@@ -1,26 +1,31 @@
 #include "memo/frmMemo.h"
 
+#include "memo/ModalShow.h"
 #include "memo/frmChooseFont.h"
 #include "platform/Clipboard.h"
-#include "platform/CommandButton.h"
-#include "platform/DataObject.h"
 #include "platform/Error.h"
-#include "platform/KeyState.h"
 #include "platform/LineBreaks.h"
-#include "platform/Menu.h"
-#include "platform/MultiLineTextBox.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
-#include "platform/StatusBar.h"
-#include "platform/StatusBarPanel.h"
-#include "platform/Timer.h"
 #include "platform/Values.h"
 #include "util/FileDialogs.h"
 #include "util/Files.h"
-#include "util/Text.h"
 #include "util/WindowNotifications.h"
 
+#include <QCloseEvent>
 #include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTextBlock>
+#include <QTimer>
+#include <QUrl>
+#include <QVBoxLayout>
 
 namespace kwFieldDeck {
 
@@ -33,87 +38,134 @@ QString appTitle()
 {
     return QCoreApplication::applicationName();
 }
+
+template <typename T>
+T *named(T *object, const char *name)
+{
+    object->setObjectName(QLatin1String(name));
+    return object;
+}
+
+QMenu *menu(QWidget *window, const char *name, const QString &caption)
+{
+    return named(new QMenu(caption, window), name);
+}
+
+QAction *item(QMenu *menu, const char *name, const QString &caption)
+{
+    return named(menu->addAction(caption), name);
+}
+
+QLabel *panel(QStatusBar *bar, const char *name, int minimumWidth, int stretch = 0)
+{
+    auto *label = named(new QLabel(bar), name);
+    label->setMinimumWidth(minimumWidth);
+    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    bar->addWidget(label, stretch);
+    return label;
+}
 } // namespace
 
-frmMemo::frmMemo(QObject *owner)
-    : Form(QStringLiteral("frmMemo"), owner)
-    , btnTab1(new CommandButton(QStringLiteral("btnTab1"), this))
-    , txtMemo(new MultiLineTextBox(QStringLiteral("txtMemo"), this))
-    , btnTab2(new CommandButton(QStringLiteral("btnTab2"), this))
-    , Timer1(new Timer(QStringLiteral("Timer1"), this))
-    , StatusBar1(new StatusBar(QStringLiteral("StatusBar1"), this))
-    , mnuFile(addMenu(QStringLiteral("mnuFile"), QStringLiteral("File")))
-    , mnuOpenFile(mnuFile->addItem(QStringLiteral("mnuOpenFile"), QStringLiteral("Open Text File")))
-    , mnuEdit(addMenu(QStringLiteral("mnuEdit"), QStringLiteral("Edit")))
-    , mnuSelectAll(mnuEdit->addItem(QStringLiteral("mnuSelectAll"), QStringLiteral("Select All")))
-    , mnuBar1(mnuEdit->addItem(QStringLiteral("mnuBar1"), QStringLiteral("-")))
-    , mnuCopy(mnuEdit->addItem(QStringLiteral("mnuCopy"), QStringLiteral("Copy")))
-    , mnuCut(mnuEdit->addItem(QStringLiteral("mnuCut"), QStringLiteral("Cut")))
-    , mnuPaste(mnuEdit->addItem(QStringLiteral("mnuPaste"), QStringLiteral("Paste")))
-    , mnuView(addMenu(QStringLiteral("mnuView"), QStringLiteral("View")))
-    , mnuFont(mnuView->addItem(QStringLiteral("mnuFont"), QStringLiteral("Font")))
+frmMemo::frmMemo(QWidget *parent)
+    : QDialog(parent)
+    , btnTab1(named(new QPushButton(this), "btnTab1"))
+    , txtMemo(named(new QPlainTextEdit(this), "txtMemo"))
+    , btnTab2(named(new QPushButton(this), "btnTab2"))
+    , Timer1(named(new QTimer(this), "Timer1"))
+    , StatusBar1(named(new QStatusBar(this), "StatusBar1"))
+    , mnuFile(menu(this, "mnuFile", QStringLiteral("File")))
+    , mnuOpenFile(item(mnuFile, "mnuOpenFile", QStringLiteral("Open Text File")))
+    , mnuEdit(menu(this, "mnuEdit", QStringLiteral("Edit")))
+    , mnuSelectAll(item(mnuEdit, "mnuSelectAll", QStringLiteral("Select All")))
+    , mnuBar1(named(mnuEdit->addSeparator(), "mnuBar1"))
+    , mnuCopy(item(mnuEdit, "mnuCopy", QStringLiteral("Copy")))
+    , mnuCut(item(mnuEdit, "mnuCut", QStringLiteral("Cut")))
+    , mnuPaste(item(mnuEdit, "mnuPaste", QStringLiteral("Paste")))
+    , mnuView(menu(this, "mnuView", QStringLiteral("View")))
+    , mnuFont(item(mnuView, "mnuFont", QStringLiteral("Font")))
 {
-    setKeyPreview(true);
-    setClientSize(7200, 4320);
+    setObjectName(QStringLiteral("frmMemo"));
+    auto *menuBar = new QMenuBar(this);
+    for (QMenu *title : { mnuFile, mnuEdit, mnuView })
+        menuBar->addMenu(title);
 
-    for (Control *part :
-        std::initializer_list<Control *> { btnTab1, txtMemo, btnTab2, StatusBar1 }) {
-        part->setContainer(client());
-        part->setVisible(true);
+    panel(StatusBar1, "Panel1", 0, 1);
+    m_linesPanel = panel(StatusBar1, "Panel2", 80);
+    m_positionPanel = panel(StatusBar1, "Panel3", 120);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setMenuBar(menuBar);
+    layout->addWidget(txtMemo);
+    layout->addWidget(StatusBar1);
+
+    // The focus catchers sit out of sight, yet shown and enabled so that Tab reaches them.
+    btnTab1->setGeometry(-2000, 0, 20, 20);
+    btnTab2->setGeometry(-2000, 24, 20, 20);
+    for (QPushButton *catcher : { btnTab1, btnTab2 }) {
+        catcher->setAutoDefault(false);
+        catcher->installEventFilter(this);
     }
-    // The focus catchers sit out of sight, yet visible and enabled so that Tab reaches them.
-    btnTab1->Move(-2000, 0, 300, 300);
-    btnTab2->Move(-2000, 360, 300, 300);
-    QWidget::setTabOrder(btnTab1->widget(), txtMemo->widget());
-    QWidget::setTabOrder(txtMemo->widget(), btnTab2->widget());
-    txtMemo->Move(0, 0, ScaleWidth(), ScaleHeight());
-    txtMemo->setScrollBars(2);
-    txtMemo->setOLEDropMode(1);
+    setTabOrder(btnTab1, txtMemo);
+    setTabOrder(txtMemo, btnTab2);
 
-    StatusBar1->AddPanel(StatusBarPanel::Spring);
-    StatusBar1->AddPanel(StatusBarPanel::Contents)->setMinWidth(1200);
-    StatusBar1->AddPanel(StatusBarPanel::Contents)->setMinWidth(1800);
+    txtMemo->setTabChangesFocus(true);
+    txtMemo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txtMemo->installEventFilter(this);
+    txtMemo->viewport()->installEventFilter(this);
 
     Timer1->setInterval(100);
+    connect(Timer1, &QTimer::timeout, this, &frmMemo::Timer1_Timer);
+    connect(mnuOpenFile, &QAction::triggered, this, &frmMemo::mnuOpenFile_Click);
+    connect(mnuSelectAll, &QAction::triggered, this, &frmMemo::mnuSelectAll_Click);
+    connect(mnuCopy, &QAction::triggered, this, &frmMemo::mnuCopy_Click);
+    connect(mnuCut, &QAction::triggered, this, &frmMemo::mnuCut_Click);
+    connect(mnuPaste, &QAction::triggered, this, &frmMemo::mnuPaste_Click);
+    connect(mnuFont, &QAction::triggered, this, &frmMemo::mnuFont_Click);
+    Timer1->start();
 
-    connect(Timer1, &Timer::Tick, this, &frmMemo::Timer1_Timer);
-    connect(txtMemo, &Control::KeyPress, this, &frmMemo::txtMemo_KeyPress);
-    connect(txtMemo, &MultiLineTextBox::OLEDragDrop, this, &frmMemo::txtMemo_OLEDragDrop);
-    connect(btnTab1, &Control::GotFocus, this, &frmMemo::btnTab1_GotFocus);
-    connect(btnTab2, &Control::GotFocus, this, &frmMemo::btnTab2_GotFocus);
-    connect(mnuOpenFile, &Menu::Click, this, &frmMemo::mnuOpenFile_Click);
-    connect(mnuSelectAll, &Menu::Click, this, &frmMemo::mnuSelectAll_Click);
-    connect(mnuCopy, &Menu::Click, this, &frmMemo::mnuCopy_Click);
-    connect(mnuCut, &Menu::Click, this, &frmMemo::mnuCut_Click);
-    connect(mnuPaste, &Menu::Click, this, &frmMemo::mnuPaste_Click);
-    connect(mnuFont, &Menu::Click, this, &frmMemo::mnuFont_Click);
-    Form_Resize();
+    resize(480, 288 + menuBar->sizeHint().height());
+    Form_Load();
 }
 
 QString frmMemo::Title() const
 {
-    return trap("Property 'Title' of Form 'frmMemo'", [&] { return Caption(); });
+    return windowTitle();
 }
 
 void frmMemo::setTitle(const QString &title)
 {
-    trap("Property 'Title' of Form 'frmMemo'", [&] { setCaption(title); });
+    setWindowTitle(title);
 }
 
 QString frmMemo::Value() const
 {
-    return trap("Property 'Value' of Form 'frmMemo'", [&] { return txtMemo->Text(); });
+    // Until the text is edited it reads back as it was set, lone line breaks included.
+    if (!txtMemo->document()->isModified())
+        return m_setText;
+    // Read line by line: the document's plain-text export would turn non-breaking spaces into
+    // blanks.
+    QString text;
+    for (QTextBlock block = txtMemo->document()->firstBlock(); block.isValid();
+         block = block.next()) {
+        if (block.blockNumber() > 0)
+            text += crLf;
+        text += block.text();
+    }
+    return text;
 }
 
 void frmMemo::setValue(const QString &text)
 {
-    trap("Property 'Value' of Form 'frmMemo'", [&] { txtMemo->setText(text); });
+    m_setText = text;
+    txtMemo->setPlainText(toLf(text));
 }
 
 void frmMemo::Form_Load()
 {
     trap("Sub 'Form_Load' of Form 'frmMemo'", [&] {
-        windowLoaded(window(), appTitle());
+        windowLoaded(this, appTitle());
         m_FontName = SettingsStore::GetSetting(appTitle(), settingsSection,
             QStringLiteral("FontName"), QStringLiteral("MS Sans Serif"));
         m_FontSize = float(toDouble(textValue(SettingsStore::GetSetting(
@@ -122,73 +174,117 @@ void frmMemo::Form_Load()
     });
 }
 
-void frmMemo::Form_Activate()
+void frmMemo::showEvent(QShowEvent *event)
 {
-    trap("Sub 'Form_Activate' of Form 'frmMemo'", [&] { txtMemo->SetFocus(); });
+    QDialog::showEvent(event);
+    trap("Sub 'Form_Activate' of Form 'frmMemo'", [&] { txtMemo->setFocus(); });
 }
 
-void frmMemo::Form_Resize()
-{
-    trap("Sub 'Form_Resize' of Form 'frmMemo'", [&] {
-        txtMemo->setWidth(ScaleWidth());
-        txtMemo->setHeight(ScaleHeight() - StatusBar1->Height());
-    });
-}
-
-void frmMemo::Form_QueryUnload(int &Cancel, int UnloadMode)
+void frmMemo::closeEvent(QCloseEvent *event)
 {
     trap("Sub 'Form_QueryUnload' of Form 'frmMemo'", [&] {
-        if (UnloadMode != FormControlMenu && UnloadMode != FormCode)
-            return;
         SettingsStore::SaveSetting(
             appTitle(), settingsSection, QStringLiteral("FontName"), m_FontName);
         SettingsStore::SaveSetting(appTitle(), settingsSection, QStringLiteral("FontSize"),
             textOf(singleValue(m_FontSize)));
-        windowClosed(window());
-        // The window outlives every close by the user: it only hides, and keeps its text.
-        Cancel = 1;
-        Hide();
+        windowClosed(this);
     });
+    // The window outlives every close by the user or by code: it only hides, and keeps its text.
+    event->ignore();
+    hide();
 }
 
-void frmMemo::Form_KeyDown(int &KeyCode, int &Shift)
+// Escape, wherever the focus is, closes the window as code does, with the same result.
+void frmMemo::reject()
 {
-    trap("Sub 'Form_KeyDown' of Form 'frmMemo'", [&] {
-        if (KeyCode == 65 && Shift == ShiftState::Ctrl)
-            mnuSelectAll_Click();
-    });
+    close();
 }
 
-void frmMemo::Form_KeyPress(int &KeyAscii)
+bool frmMemo::eventFilter(QObject *watched, QEvent *event)
 {
-    trap("Sub 'Form_KeyPress' of Form 'frmMemo'", [&] {
-        if (KeyAscii == 27)
-            Unload();
-    });
-}
-
-qint16 frmMemo::GotFocusMethod() const
-{
-    return trap("Function 'GotFocusMethod' of Form 'frmMemo'", [&]() -> qint16 {
-        switch (KeyState::focusArrivalReason()) {
-        case Qt::BacktabFocusReason:
-            return 4;
-        case Qt::TabFocusReason:
-            return 1;
-        case Qt::ShortcutFocusReason:
-            return 2;
-        case Qt::MouseFocusReason:
-            return 3;
-        default:
-            return 0;
+    if (watched == txtMemo && event->type() == QEvent::KeyPress)
+        return txtMemo_KeyDown(static_cast<QKeyEvent &>(*event));
+    if (watched == txtMemo->viewport()) {
+        switch (event->type()) {
+        case QEvent::DragEnter:
+        case QEvent::DragMove: {
+            // Only a file list is taken; text and other data dropped here do nothing.
+            auto *drag = static_cast<QDragMoveEvent *>(event);
+            if (drag->mimeData()->hasUrls())
+                drag->acceptProposedAction();
+            else
+                drag->ignore();
+            return true;
         }
-    });
+        case QEvent::Drop: {
+            auto *drop = static_cast<QDropEvent *>(event);
+            drop->acceptProposedAction();
+            txtMemo_OLEDragDrop(*drop->mimeData());
+            return true;
+        }
+        default:
+            break;
+        }
+    }
+    if (event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (watched == btnTab1)
+            btnTab1_GotFocus(reason);
+        else if (watched == btnTab2)
+            btnTab2_GotFocus(reason);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// The window sees each key of the text box first; true when the key is used up here.
+bool frmMemo::txtMemo_KeyDown(const QKeyEvent &key)
+{
+    trap("Sub 'txtMemo_KeyPress' of Form 'frmMemo'", [&] { CalcCursorPos(); });
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    if (key.key() == Qt::Key_A && modifiers == Qt::ControlModifier) {
+        mnuSelectAll_Click();
+        return true;
+    }
+    if (key.key() == Qt::Key_Escape) {
+        close();
+        return true;
+    }
+    // Ctrl+Tab types a tab character, since Tab itself moves the focus on (to btnTab2).
+    if (key.key() == Qt::Key_Tab && modifiers == Qt::ControlModifier) {
+        if (!txtMemo->isReadOnly())
+            txtMemo->insertPlainText(QStringLiteral("\t"));
+        return true;
+    }
+    // Every line break is a plain one, so that each line is one CR LF of the value.
+    if ((key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+        && modifiers & Qt::ShiftModifier) {
+        if (!txtMemo->isReadOnly())
+            txtMemo->insertPlainText(QStringLiteral("\n"));
+        return true;
+    }
+    return false;
+}
+
+qint16 frmMemo::GotFocusMethod(Qt::FocusReason reason)
+{
+    switch (reason) {
+    case Qt::BacktabFocusReason:
+        return 4;
+    case Qt::TabFocusReason:
+        return 1;
+    case Qt::ShortcutFocusReason:
+        return 2;
+    case Qt::MouseFocusReason:
+        return 3;
+    default:
+        return 0;
+    }
 }
 
 void frmMemo::SetFont()
 {
     trap("Sub 'SetFont' of Form 'frmMemo'", [&] {
-        QFont font = txtMemo->Font();
+        QFont font = txtMemo->font();
         font.setFamily(m_FontName);
         font.setBold(false);
         font.setItalic(false);
@@ -203,18 +299,15 @@ void frmMemo::SetFont()
 void frmMemo::CalcCursorPos()
 {
     trap("Sub 'CalcCursorPos' of Form 'frmMemo'", [&] {
-        const QString text = txtMemo->Text();
-        const int p = txtMemo->SelStart();
-        int line = 1;
-        int column = 1;
-        if (p > 0) {
-            const QString before = text.left(p);
-            line = LineCount(before);
-            column = line == 1 ? p + 1 : p - int(before.lastIndexOf(crLf) + 1);
-        }
-        StatusBar1->Panels(3)->setText(QStringLiteral("  Ln %1, Col %2  ").arg(line).arg(column));
-        const int lines = LineCount(text);
-        StatusBar1->Panels(2)->setText(QStringLiteral("%1 %2").arg(lines).arg(
+        // Each line of the box stands for one CR LF of the value, so the box's lines are counted.
+        const QTextDocument *document = txtMemo->document();
+        const int start = txtMemo->textCursor().selectionStart();
+        const QTextBlock block = document->findBlock(start);
+        const int line = block.blockNumber() + 1;
+        const int column = start - block.position() + 1;
+        m_positionPanel->setText(QStringLiteral("  Ln %1, Col %2  ").arg(line).arg(column));
+        const int lines = document->blockCount();
+        m_linesPanel->setText(QStringLiteral("%1 %2").arg(lines).arg(
             lines == 1 ? QStringLiteral("Line") : QStringLiteral("Lines")));
     });
 }
@@ -223,52 +316,51 @@ void frmMemo::Timer1_Timer()
 {
     trap("Sub 'Timer1_Timer' of Form 'frmMemo'", [&] {
         CalcCursorPos();
-        const bool selected = txtMemo->SelLength() >= 1;
+        const bool selected = txtMemo->textCursor().hasSelection();
         mnuCopy->setEnabled(selected);
         mnuCut->setEnabled(selected);
     });
 }
 
-void frmMemo::txtMemo_KeyPress(int &)
+void frmMemo::replaceTextWithFile(const QString &path)
 {
-    trap("Sub 'txtMemo_KeyPress' of Form 'frmMemo'", [&] { CalcCursorPos(); });
+    // A file written with LF or CR line ends is read as the CR LF lines of the text.
+    setValue(toCrLf(ReadWholeFile(path)));
 }
 
-void frmMemo::txtMemo_OLEDragDrop(const DataObject &Data)
+void frmMemo::txtMemo_OLEDragDrop(const QMimeData &Data)
 {
     trap("Sub 'txtMemo_OLEDragDrop' of Form 'frmMemo'", [&] {
-        if (!Data.GetFormat(ClipboardFormat::Files))
-            return;
-        const QStringList files = Data.Files();
-        // A file written with LF or CR line ends is read as the CR LF lines of the text.
-        if (files.size() == 1 && FileExists(files.first()))
-            txtMemo->setText(toCrLf(ReadWholeFile(files.first())));
+        const QList<QUrl> urls = Data.urls();
+        if (urls.size() == 1 && urls.first().isLocalFile()
+            && FileExists(urls.first().toLocalFile()))
+            replaceTextWithFile(urls.first().toLocalFile());
     });
 }
 
-void frmMemo::btnTab1_GotFocus()
+void frmMemo::btnTab1_GotFocus(Qt::FocusReason reason)
 {
     trap("Sub 'btnTab1_GotFocus' of Form 'frmMemo'", [&] {
-        if (GotFocusMethod() != 4)
+        if (GotFocusMethod(reason) != 4)
             return;
-        txtMemo->SetFocus();
-        const int p = txtMemo->SelStart();
+        txtMemo->setFocus();
+        const int p = txtMemo->textCursor().selectionStart();
         // At the very start there is no character before the caret: the check fails into this
         // trap and nothing is deleted. Intended.
         if (p < 1)
-            raise(ErrInvalidCall);
-        if (txtMemo->Text().mid(p - 1, 1) == QLatin1String("\t"))
+            kwFieldDeck::raise(ErrInvalidCall);
+        if (txtMemo->document()->characterAt(p - 1) == u'\t')
             SendKeys(QStringLiteral("{Backspace}"));
     });
 }
 
-void frmMemo::btnTab2_GotFocus()
+void frmMemo::btnTab2_GotFocus(Qt::FocusReason reason)
 {
     trap("Sub 'btnTab2_GotFocus' of Form 'frmMemo'", [&] {
-        if (GotFocusMethod() != 1)
+        if (GotFocusMethod(reason) != 1)
             return;
-        txtMemo->SetFocus();
-        if (txtMemo->SelLength() == 0)
+        txtMemo->setFocus();
+        if (!txtMemo->textCursor().hasSelection())
             SendKeys(QStringLiteral("^{Tab}"));
     });
 }
@@ -280,52 +372,47 @@ void frmMemo::mnuOpenFile_Click()
             QStringLiteral("Select A Text File From Below"),
             QStringLiteral("Text Files (*.txt)|*.txt|All Files (*.*)|*.*"));
         if (!path.isEmpty() && FileExists(path))
-            txtMemo->setText(toCrLf(ReadWholeFile(path)));
+            replaceTextWithFile(path);
     });
 }
 
 void frmMemo::mnuSelectAll_Click()
 {
-    trap("Sub 'mnuSelectAll_Click' of Form 'frmMemo'", [&] {
-        txtMemo->setSelStart(0);
-        txtMemo->setSelLength(int(txtMemo->Text().size()));
-    });
+    trap("Sub 'mnuSelectAll_Click' of Form 'frmMemo'", [&] { txtMemo->selectAll(); });
 }
 
 void frmMemo::mnuCopy_Click()
 {
     trap("Sub 'mnuCopy_Click' of Form 'frmMemo'", [&] {
-        if (txtMemo->SelLength() == 0)
-            return;
-        Clipboard::Clear();
-        Clipboard::SetText(txtMemo->SelText());
+        const QTextCursor cursor = txtMemo->textCursor();
+        if (cursor.hasSelection())
+            Clipboard::SetText(cursor.selectedText().replace(QChar::ParagraphSeparator, crLf));
     });
 }
 
 void frmMemo::mnuCut_Click()
 {
     trap("Sub 'mnuCut_Click' of Form 'frmMemo'", [&] {
-        if (txtMemo->SelLength() == 0)
+        if (!txtMemo->textCursor().hasSelection())
             return;
-        Clipboard::Clear();
-        Clipboard::SetText(txtMemo->SelText());
-        txtMemo->setSelText(QString());
+        mnuCopy_Click();
+        txtMemo->textCursor().removeSelectedText();
     });
 }
 
 void frmMemo::mnuPaste_Click()
 {
     trap("Sub 'mnuPaste_Click' of Form 'frmMemo'",
-        [&] { txtMemo->setSelText(Clipboard::GetText()); });
+        [&] { txtMemo->insertPlainText(toLf(Clipboard::GetText())); });
 }
 
 void frmMemo::mnuFont_Click()
 {
     trap("Sub 'mnuFont_Click' of Form 'frmMemo'", [&] {
-        frmChooseFont chooser;
+        frmChooseFont chooser(this);
         chooser.setFont_Name(m_FontName);
         chooser.setFont_Size(m_FontSize);
-        chooser.Show(Modal);
+        showModal(chooser);
         if (chooser.Cancelled())
             return;
         m_FontName = chooser.Font_Name();

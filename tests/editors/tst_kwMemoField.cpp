@@ -3,7 +3,8 @@
 
 #include "editors/kwMemoField.h"
 #include "memo/frmMemo.h"
-#include "platform/MultiLineTextBox.h"
+
+#include <QPlainTextEdit>
 
 using namespace kwFieldDeck;
 using Host = test::EditorHost<kwMemoField>;
@@ -19,12 +20,12 @@ private slots:
         host.editor->setValue(QStringLiteral("a\r\nb"));
         QCOMPARE(host.child<TextBox>("Text1")->Text(), QStringLiteral("(Text)"));
         QCOMPARE(host.editor->Value(), QStringLiteral("a\r\nb"));
-        ModalShowDriver driver([](Form &form) {
-            auto &memo = static_cast<frmMemo &>(form);
-            memo.txtMemo->setSelStart(int(memo.Value().size()));
-            QTest::keyClick(memo.txtMemo->widget(), Qt::Key_Return);
-            QTest::keyClicks(memo.txtMemo->widget(), QStringLiteral("c"));
-            QTest::keyClick(memo.txtMemo->widget(), Qt::Key_Escape);
+        ModalShowDriver driver([](QDialog &dialog) {
+            auto *text = dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo"));
+            QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClick(text, Qt::Key_Return);
+            QTest::keyClicks(text, QStringLiteral("c"));
+            QTest::keyClick(text, Qt::Key_Escape);
         });
         QStringList valuesAtChange;
         connect(host.editor, &kwMemoField::Change, this,
@@ -53,11 +54,12 @@ private slots:
         QFETCH(bool, escape);
         Host host(QStringLiteral("kwMemoField"));
         host.editor->setValue(value);
-        ModalShowDriver driver([&](Form &form) {
+        ModalShowDriver driver([&](QDialog &dialog) {
             if (escape)
-                QTest::keyClick(static_cast<frmMemo &>(form).txtMemo->widget(), Qt::Key_Escape);
+                QTest::keyClick(
+                    dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo")), Qt::Key_Escape);
             else
-                form.window()->close();
+                dialog.close();
         });
         QStringList valuesAtChange;
         connect(host.editor, &kwMemoField::Change, this,
@@ -77,9 +79,9 @@ private slots:
         host.editor->setTitle(QStringLiteral("Something else"));
         QVERIFY(host.show());
         QStringList shown;
-        ModalShowDriver driver([&](Form &form) {
-            shown << static_cast<frmMemo &>(form).Title();
-            form.Hide();
+        ModalShowDriver driver([&](QDialog &dialog) {
+            shown << static_cast<frmMemo &>(dialog).Title();
+            dialog.hide();
         });
         host.editor->SetFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ShiftModifier);

@@ -58,9 +58,9 @@ public:
                   ++dialogs;
                   return dialogAnswer;
               }))
-        , m_memoWindow([this](Form &form) {
+        , m_memoWindow([this](QDialog &dialog) {
             ++dialogs;
-            form.Hide();
+            dialog.hide();
             // The desktop hands the activation back to the window the memo window came from.
             window.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&window));

@@ -1,33 +1,43 @@
 #pragma once
 
-// While it lives, every window shown modally is handed to the handler inside its modal loop, so
-// that the handler can work the real window and close it.
+// While it lives, every memo window shown modally is handed to the handler inside its modal
+// loop, so that the handler can work the real window and close it.
 
-#include "platform/Form.h"
+#include "memo/ModalShow.h"
 
+#include <QDialog>
+#include <QListWidget>
 #include <QtTest>
 
 namespace kwFieldDeck::test {
 
 struct ModalShowDriver
 {
-    explicit ModalShowDriver(Form::ModalShowHook handler)
-        : previous(Form::setModalShowHook([this, handler](Form &form) {
+    explicit ModalShowDriver(ModalShowHook handler)
+        : previous(setModalShowHook([this, handler](QDialog &dialog) {
             ++shown;
-            if (QTest::qWaitForWindowActive(form.window()))
-                handler(form);
-            if (form.Visible()) { // left open, it would block the test for ever
-                form.Hide();
+            if (QTest::qWaitForWindowActive(&dialog))
+                handler(dialog);
+            if (dialog.isVisible()) { // left open, it would block the test for ever
+                dialog.hide();
                 QTest::qFail("the modal window was left open", __FILE__, __LINE__);
             }
         }))
     {
     }
-    ~ModalShowDriver() { Form::setModalShowHook(std::move(previous)); }
+    ~ModalShowDriver() { setModalShowHook(std::move(previous)); }
     Q_DISABLE_COPY(ModalShowDriver)
 
     int shown = 0;
-    Form::ModalShowHook previous;
+    ModalShowHook previous;
 };
+
+// A user's click on a row of a list, scrolled into view first.
+inline void clickRow(QListWidget *list, int row)
+{
+    QListWidgetItem *item = list->item(row);
+    list->scrollToItem(item);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+}
 
 } // namespace kwFieldDeck::test

@@ -1,10 +1,9 @@
 #include "memo/ModalShowDriver.h"
 #include "memo/frmChooseFont.h"
-#include "platform/ComboBox.h"
-#include "platform/Label.h"
-#include "platform/ListBox.h"
 #include "platform/Services.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -17,22 +16,63 @@ private slots:
     void pickingShowsTheSampleAndTheCloseButtonCancels()
     {
         const QString family = screenFontFamilies().last();
-        test::ModalShowDriver driver([&](Form &form) {
-            auto &chooser = static_cast<frmChooseFont &>(form);
-            QCOMPARE(chooser.lstFonts->ListCount(), screenFontFamilies().size());
-            chooser.lstFonts->setListIndex(chooser.lstFonts->ListCount() - 1);
-            chooser.cboSize->setListIndex(10); // "18"
-            QCOMPARE(chooser.lblSample->Font().family(), family);
-            QCOMPARE(chooser.lblSample->Font().pointSizeF(), 18.0);
-            chooser.window()->close();
+        test::ModalShowDriver driver([&](QDialog &dialog) {
+            auto &chooser = static_cast<frmChooseFont &>(dialog);
+            QCOMPARE(chooser.lstFonts->count(), screenFontFamilies().size());
+            test::clickRow(chooser.lstFonts, chooser.lstFonts->count() - 1);
+            QTest::keyClicks(chooser.cboSize, QStringLiteral("18"));
+            QCOMPARE(chooser.lblSample->font().family(), family);
+            QCOMPARE(chooser.lblSample->font().pointSizeF(), 18.0);
+            dialog.close();
         });
         frmChooseFont chooser;
-        chooser.Show(Form::Modal);
+        showModal(chooser);
         QCOMPARE(driver.shown, 1);
-        QVERIFY(!chooser.Visible());
+        QVERIFY(!chooser.isVisible());
         QVERIFY(chooser.Cancelled());
         QCOMPARE(chooser.Font_Name(), family);
         QCOMPARE(chooser.Font_Size(), 18.0f);
+    }
+
+    // Writing a property keeps the value written and selects only an entry equal to it; else the
+    // selection stays as it was.
+    void writingSelectsOnlyAnEqualEntry_data()
+    {
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QVariant>("first");
+        QTest::addColumn<QVariant>("then");
+        QTest::addColumn<QString>("selected");
+        const QStringList families = screenFontFamilies();
+        const QString a = families.value(0);
+        const QString b = families.value(1);
+        const QString bOtherCase = b.toLower() != b ? b.toLower() : b.toUpper();
+        QTest::newRow("listed font") << QByteArray("Font_Name") << QVariant(a) << QVariant(b) << b;
+        QTest::newRow("font in another letter case")
+            << QByteArray("Font_Name") << QVariant(a) << QVariant(bOtherCase) << a;
+        QTest::newRow("unknown font")
+            << QByteArray("Font_Name") << QVariant(a) << QVariant("No Such Face") << a;
+        QTest::newRow("listed size")
+            << QByteArray("Font_Size") << QVariant(12.0f) << QVariant(14.0f) << "14";
+        QTest::newRow("size not listed")
+            << QByteArray("Font_Size") << QVariant(12.0f) << QVariant(13.0f) << "12";
+    }
+    void writingSelectsOnlyAnEqualEntry()
+    {
+        QFETCH(QByteArray, property);
+        QFETCH(QVariant, first);
+        QFETCH(QVariant, then);
+        QFETCH(QString, selected);
+        frmChooseFont chooser;
+        QVERIFY(chooser.setProperty(property, first));
+        QVERIFY(chooser.setProperty(property, then));
+        QCOMPARE(chooser.property(property), then);
+        if (property == "Font_Name") {
+            const QList<QListWidgetItem *> items = chooser.lstFonts->selectedItems();
+            QCOMPARE(items.size(), 1);
+            QCOMPARE(items.first()->text(), selected);
+        } else {
+            QCOMPARE(chooser.cboSize->currentText(), selected);
+        }
     }
 };
 
