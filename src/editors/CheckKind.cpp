@@ -52,8 +52,8 @@ void CheckKind::paint(const EditorPaint &paint, const EditorState &state) const
 {
     RowPainter::surface(paint.painter, paint.rect, paint.palette);
     const QStyle *style = paint.widget->style();
-    const int side = std::max(
-        style->pixelMetric(QStyle::PM_IndicatorWidth), style->pixelMetric(QStyle::PM_IndicatorHeight));
+    const int side = std::max(style->pixelMetric(QStyle::PM_IndicatorWidth),
+        style->pixelMetric(QStyle::PM_IndicatorHeight));
     QStyleOptionButton box;
     box.initFrom(paint.widget);
     box.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
@@ -61,7 +61,7 @@ void CheckKind::paint(const EditorPaint &paint, const EditorState &state) const
     box.palette = paint.palette;
     // The box keeps its own enabled state whatever the row's (intended).
     box.state = QStyle::State_Enabled
-        | (state.check == 1       ? QStyle::State_On
+        | (state.check == 1        ? QStyle::State_On
                 : state.check == 2 ? QStyle::State_NoChange
                                    : QStyle::State_Off);
     style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, paint.painter, paint.widget);

@@ -166,7 +166,8 @@ QWidget *SliderKind::createEditor(QWidget *parent, EditorEvents *events) const
 void SliderKind::UpdateControl(QWidget *editor, const EditorState &state) const
 {
     auto *slider = static_cast<kwSliderValue *>(editor);
-    slider->showState(state.number, state.sliderValue, state.sliderMin, state.sliderMax, state.text);
+    slider->showState(
+        state.number, state.sliderValue, state.sliderMin, state.sliderMax, state.text);
     slider->setActiveControl(state.sliderActive);
 }
 

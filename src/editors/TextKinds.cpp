@@ -79,7 +79,8 @@ void TextKind::applyColors(QPalette &palette, const EditorState &state) const
         return;
     const QColor back = toQColor(state.backColor, palette);
     const QColor fore = toQColor(state.foreColor, palette);
-    for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
+    for (QPalette::ColorGroup group :
+        { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
         palette.setColor(group, QPalette::Base, back);
         if (group != QPalette::Disabled)
             palette.setColor(group, QPalette::Text, fore);

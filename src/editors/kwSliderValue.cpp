@@ -122,8 +122,8 @@ void kwSliderValue::resizeEvent(QResizeEvent *)
     const int numberWidth = twipsToPixelsX(NumberBoxWidth);
     const int sliderLeft = twipsToPixelsX(NumberBoxWidth + SliderGap);
     const int sliderTop = twipsToPixelsY(SliderTop);
-    Slider1->setGeometry(
-        sliderLeft, sliderTop, std::max(0, width() - sliderLeft), std::max(0, height() - sliderTop));
+    Slider1->setGeometry(sliderLeft, sliderTop, std::max(0, width() - sliderLeft),
+        std::max(0, height() - sliderTop));
     // One line of the box's text with its frame, within the cell, centred from top to bottom.
     const int line = std::min(txtNum->sizeHint().height(), height());
     txtNum->setGeometry(0, (height() - line) / 2, numberWidth, line);

@@ -58,7 +58,8 @@ QRect GridView::editorRect(qsizetype row) const
 
 qsizetype GridView::rowAt(const QPoint &point) const
 {
-    const float y = float((point.y() - canvasOrigin().y()) * twipsPerPixelY()) - m_grid->canvasTop();
+    const float y
+        = float((point.y() - canvasOrigin().y()) * twipsPerPixelY()) - m_grid->canvasTop();
     const qsizetype row = m_grid->rowAt(y);
     if (row < 0)
         return -1;
@@ -74,12 +75,14 @@ void GridView::paintNameCell(QPainter &painter, qsizetype row) const
 {
     const Field *field = m_grid->canvasRows().at(row).field;
     QPalette palette = m_grid->canvasPalette();
-    const bool highlighted = field == m_grid->highlighted() && FieldPrivate::get(field)->m_row == row;
+    const bool highlighted
+        = field == m_grid->highlighted() && FieldPrivate::get(field)->m_row == row;
     const QColor back = highlighted ? palette.color(QPalette::Active, QPalette::Highlight)
                                     : m_grid->screenColor(m_grid->FieldNameBackColor());
     const QColor fore = highlighted ? palette.color(QPalette::Active, QPalette::HighlightedText)
                                     : m_grid->screenColor(m_grid->FieldNameForeColor());
-    for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
+    for (QPalette::ColorGroup group :
+        { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
         palette.setColor(group, QPalette::Base, back);
         if (group != QPalette::Disabled)
             palette.setColor(group, QPalette::Text, fore);
@@ -161,6 +164,15 @@ void GridView::mousePressEvent(QMouseEvent *event)
         return;
     QWidget *part = editor->childAt(editor->mapFrom(this, event->position().toPoint()));
     m_mouseTarget = part ? part : editor;
+    // A handed-on press gives no focus by itself: the part that a click focuses takes it here.
+    for (QWidget *focusing = m_mouseTarget; focusing; focusing = focusing->parentWidget()) {
+        if (focusing->focusPolicy() & Qt::ClickFocus) {
+            focusing->setFocus(Qt::MouseFocusReason);
+            break;
+        }
+        if (focusing == editor)
+            break;
+    }
     forwardMouse(event);
 }
 

@@ -28,10 +28,7 @@ struct RowBinding : EditorEvents
     QPointer<QWidget> editor;
     EditorState orphan;
 
-    EditorState &state() override
-    {
-        return field ? FieldPrivate::get(field)->m_editor : orphan;
-    }
+    EditorState &state() override { return field ? FieldPrivate::get(field)->m_editor : orphan; }
     QString fieldName() const override { return field ? field->Name() : QString(); }
     void editorChanged() override;
     void editorFocused() override;
@@ -80,8 +77,9 @@ QList<QWidget *> RowEditor::parts() const
     QList<QWidget *> found;
     if (!m_editor)
         return found;
+    // An editor that takes the focus itself is one part, whatever its inner widgets.
     if (m_editor->focusPolicy() != Qt::NoFocus)
-        found << m_editor;
+        return { m_editor };
     for (QWidget *part : m_editor->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
         if (part->focusPolicy() != Qt::NoFocus)
             found << part;
@@ -136,10 +134,18 @@ void RowEditor::bind(Field *field)
     if (old) {
         // The old editor goes once the focus has left it, so that no focus move follows.
         if (old->isAncestorOf(QApplication::focusWidget()) || old == QApplication::focusWidget())
-            m_grid->q_func()->setFocus(Qt::OtherFocusReason);
+            parkFocus();
         old->hide();
         old->deleteLater();
     }
+}
+
+// The grid itself holds the focus while an editor that had it goes.
+void RowEditor::parkFocus()
+{
+    m_movingFocus = true;
+    m_grid->q_func()->setFocus(Qt::OtherFocusReason);
+    m_movingFocus = false;
 }
 
 void RowEditor::release()
@@ -149,7 +155,7 @@ void RowEditor::release()
     m_binding = nullptr;
     if (QWidget *old = m_editor) {
         if (holdsFocus())
-            m_grid->q_func()->setFocus(Qt::OtherFocusReason);
+            parkFocus();
         m_editor = nullptr;
         old->hide();
         old->deleteLater();

@@ -32,6 +32,8 @@ public:
     // its last one going backwards.
     void enter(Field *field, bool backwards);
     bool holdsFocus() const;
+    // Whether the editor is passing the focus to the grid itself on its way elsewhere.
+    bool movingFocus() const { return m_movingFocus; }
     // Places the editor over its row, after a scroll or a new layout.
     void place();
     // The row's state changed from outside the editor: the editor shows it.
@@ -48,10 +50,12 @@ private:
     void moveToRow(int steps);
     void moveToEnd(bool last);
     QList<QWidget *> parts() const;
+    void parkFocus();
 
     kwPropertyControlPrivate *m_grid;
     QPointer<QWidget> m_editor;
     RowBinding *m_binding = nullptr;
+    bool m_movingFocus = false;
 };
 
 } // namespace kwFieldDeck

@@ -402,8 +402,7 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
 void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag) const
 {
     trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
-        PropBag.WriteProperty(
-            "BackColor", quint32(m_BackColor), quint32(DefaultBackColor));
+        PropBag.WriteProperty("BackColor", quint32(m_BackColor), quint32(DefaultBackColor));
         PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(DefaultForeColor));
         PropBag.WriteProperty("Enabled", m_Enabled, false);
         PropBag.WriteProperty("Font", m_Font, ambientFont());

@@ -222,7 +222,8 @@ QPalette kwPropertyControlPrivate::canvasPalette() const
 {
     QPalette palette = q_ptr->palette();
     const QColor canvas = screenColor(m_canvasColor);
-    for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
+    for (QPalette::ColorGroup group :
+        { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
         for (QPalette::ColorRole role : { QPalette::Base, QPalette::Window, QPalette::Button })
             palette.setColor(group, role, canvas);
     }
@@ -245,11 +246,16 @@ bool kwPropertyControlPrivate::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == q_ptr && event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) {
-            const bool backwards = reason == Qt::BacktabFocusReason;
-            if (Field *row = firstOrLastRow(backwards))
-                m_rowEditor.enter(row, backwards);
-        }
+        const bool backwards = reason == Qt::BacktabFocusReason;
+        // The window's first focus, or the host's setFocus(), enters the current or first row.
+        const bool entering = reason == Qt::TabFocusReason || backwards
+            || ((reason == Qt::ActiveWindowFocusReason || reason == Qt::OtherFocusReason)
+                && !m_rowEditor.movingFocus());
+        Field *row = m_rowEditor.row();
+        if (entering && (backwards || reason == Qt::TabFocusReason || !row))
+            row = firstOrLastRow(backwards);
+        if (entering && row)
+            m_rowEditor.enter(row, backwards);
     }
     return UserControl::eventFilter(watched, event);
 }

@@ -4,15 +4,14 @@
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
+#include "grid/GridView.h"
 #include "grid/kwPropertyControl_p.h"
 #include "platform/ClassFactory.h"
 #include "platform/Control.h"
-#include "platform/PictureBox.h"
-#include "platform/TextBox.h"
-#include "platform/VScrollBar.h"
 
 #include "TestSupport.h"
 
+#include <QScrollBar>
 #include <QTest>
 #include <QWidget>
 
@@ -65,12 +64,19 @@ public:
         return names;
     }
 
-    PictureBox *picInner() const { return kwPropertyControlPrivate::get(grid)->InnerPicBox(); }
-    VScrollBar *scrollBar() const
+    kwPropertyControlPrivate *d() const { return kwPropertyControlPrivate::get(grid); }
+    QScrollBar *scrollBar() const { return d()->scrollBar(); }
+    GridView *view() const { return d()->view(); }
+
+    // What a row's editor holds and shows.
+    static EditorState &state(Field *field) { return FieldPrivate::get(field)->m_editor; }
+    // The field's row on the canvas: its name cell and editor, in twips.
+    const CanvasRow &row(const Field *field) const
     {
-        return static_cast<VScrollBar *>(
-            kwPropertyControlPrivate::get(grid)->Controls().Item(QStringLiteral("VScroll1")));
+        return d()->canvasRows().at(FieldPrivate::get(field)->m_row);
     }
+    // The top of the canvas the rows lie on, in twips: 0, or less when scrolled.
+    float canvasTop() const { return d()->canvasTop(); }
 
     QWidget window;
     bool shown = false;

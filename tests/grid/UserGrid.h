@@ -6,7 +6,7 @@
 #include "grid/GridHost.h"
 #include "memo/ModalShowDriver.h"
 
-#include "editors/kwEditorControl.h"
+#include "editors/FieldKind.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "platform/Dialogs.h"
 
@@ -132,50 +132,48 @@ public:
             addOfType(kind.type, QLatin1String(kind.name) + suffix);
     }
 
-    static QWidget *editorOf(const Field *field)
+    // The live editor of the field's row, made for it if it has none yet, as the row gets one
+    // when the pointer comes to it.
+    QWidget *editorOf(Field *field) const
     {
-        return FieldPrivate::get(field)->EditorControl()->widget();
+        if (d()->rowEditor().row() != field)
+            d()->rowEditor().bind(field);
+        return d()->rowEditor().editor();
     }
 
     // The field whose editor holds the focus, or null.
     Field *focusedField() const
     {
-        const QWidget *focus = QApplication::focusWidget();
-        for (Field *field : *grid->Fields()) {
-            // Only a realized row can hold the focus; asking no other keeps rows data.
-            const QWidget *editor = FieldPrivate::get(field)->EditorControl()->realizedWidget();
-            if (focus && editor && (focus == editor || editor->isAncestorOf(focus)))
-                return field;
-        }
-        return nullptr;
+        return d()->rowEditor().holdsFocus() ? d()->rowEditor().row() : nullptr;
     }
 
     // The fields whose name cells show the highlight.
     QVector<Field *> highlighted() const
     {
         QVector<Field *> rows;
-        for (Field *field : *grid->Fields()) {
-            if (FieldPrivate::get(field)->FieldNameControl()->BackColor()
-                != grid->FieldNameBackColor())
-                rows << field;
-        }
+        if (Field *field = d()->highlighted())
+            rows << field;
         return rows;
     }
 
-    // The children of a row's editor that take the focus from a click, in creation order.
-    static QVector<Control *> focusableParts(const Field *field)
+    // The parts of a row's live editor that take the focus from a click, in their order.
+    QVector<QWidget *> focusableParts(Field *field) const
     {
-        QVector<Control *> parts;
-        if (auto *editor = qobject_cast<kwEditorControl *>(
-                WindowlessUserControl::of(FieldPrivate::get(field)->EditorControl()))) {
-            for (Control *child : editor->Controls()) {
-                if (child->widget()->focusPolicy() & Qt::ClickFocus)
-                    parts << child;
-            }
-        } else {
-            parts << FieldPrivate::get(field)->EditorControl();
+        QWidget *editor = editorOf(field);
+        QVector<QWidget *> parts;
+        if (editor->focusPolicy() != Qt::NoFocus)
+            return { editor };
+        for (QWidget *part : editor->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+            if (part->focusPolicy() & Qt::ClickFocus)
+                parts << part;
         }
         return parts;
+    }
+
+    // The middle of a row's name cell, in the viewport.
+    QPoint nameCellPoint(const Field *field) const
+    {
+        return view()->nameCellRect(FieldPrivate::get(field)->m_row).center();
     }
 
     QLabel description;

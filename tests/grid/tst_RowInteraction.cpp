@@ -4,12 +4,6 @@
 
 #include "grid/UserGrid.h"
 
-#include "editors/kwSliderValue.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/DatePicker.h"
-#include "platform/TextBox.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -133,13 +127,13 @@ private slots:
                 way == Way::UpFromNext ? Qt::NoModifier : Qt::ShiftModifier);
             break;
         case Way::ClickName:
-            QTest::mouseClick(FieldPrivate::get(target)->FieldNameControl()->widget(),
-                Qt::LeftButton, {}, QPoint(5, 5));
+            QTest::mouseClick(user.view(), Qt::LeftButton, {}, user.nameCellPoint(target));
             break;
         case Way::ClickPart: {
-            QWidget *widget = partNamed(target, part);
-            QVERIFY(widget);
-            QTest::mouseClick(widget, Qt::LeftButton, {}, test::pointToClick(widget));
+            // The row is idle: the click lands on the view where the part is painted.
+            const QPoint point = pointOfPart(user, target, part);
+            QVERIFY(!point.isNull());
+            QTest::mouseClick(user.view(), Qt::LeftButton, {}, point);
             user.closePopup();
             break;
         }
@@ -154,13 +148,9 @@ private slots:
         QCOMPARE(user.highlighted(), QVector<Field *> { target });
         QCOMPARE(user.description.text(), QStringLiteral("About Target"));
         QCOMPARE(user.dialogs, endsOnButton(type, way, part) ? 1 : 0);
-        const QRect inView
-            = kwPropertyControlPrivate::get(user.grid)->OuterPicBox()->widget()->rect();
-        const QWidget *editor = UserGrid::editorOf(target);
-        QVERIFY(inView.contains(
-            QRect(editor->mapTo(kwPropertyControlPrivate::get(user.grid)->OuterPicBox()->widget(),
-                      QPoint(0, 0)),
-                editor->size())));
+        const QRect inView = user.view()->rect();
+        const QWidget *editor = user.d()->rowEditor().editor();
+        QVERIFY(inView.contains(QRect(editor->mapTo(user.view(), QPoint(0, 0)), editor->size())));
 
         // Tab moves on within the row's editor, then to the next row.
         for (int tabs = 0; tabs < 2 && user.focusedField() == target; ++tabs)
@@ -182,7 +172,8 @@ private slots:
         before->SetFocus();
         press(Qt::Key_Tab);
         QCOMPARE(user.focusedField(), date);
-        QDateEdit *edit = FieldPrivate::get(date)->ValueDate()->dateEdit();
+        auto *edit = qobject_cast<QDateEdit *>(user.d()->rowEditor().editor());
+        QVERIFY(edit);
         const QDateTimeEdit::Section first = edit->currentSection();
         press(Qt::Key_Right);
         press(Qt::Key_Right);
@@ -216,13 +207,19 @@ private:
         }
     }
 
-    static QWidget *partNamed(const Field *field, const QString &name)
+    // Where a part of an idle row's editor is painted, in the view: the row's live editor is made
+    // to measure it, then given back.
+    static QPoint pointOfPart(UserGrid &user, Field *field, const QString &name)
     {
-        for (Control *part : UserGrid::focusableParts(field)) {
-            if (part->Name() == name || name == QLatin1String("editor"))
-                return part->widget();
+        QPoint point;
+        for (QWidget *part : user.focusableParts(field)) {
+            if (part->objectName() == name || name == QLatin1String("editor"))
+                point = part->mapTo(user.view(), test::pointToClick(part));
+            if (!point.isNull())
+                break;
         }
-        return nullptr;
+        user.d()->rowEditor().release();
+        return point;
     }
 };
 
