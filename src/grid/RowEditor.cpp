@@ -122,8 +122,12 @@ void RowEditor::bind(Field *field)
     QList<QWidget *> descendants = editor->findChildren<QWidget *>();
     descendants.prepend(editor);
     for (QWidget *part : std::as_const(descendants)) {
-        if (part->focusPolicy() != Qt::NoFocus)
+        if (part->focusPolicy() != Qt::NoFocus) {
             part->setFocusPolicy(Qt::ClickFocus);
+            // Assistive tools name each part after the field it edits.
+            part->setAccessibleName(field->Name());
+            part->setAccessibleDescription(field->Description());
+        }
         part->installEventFilter(this);
     }
     m_binding = binding;

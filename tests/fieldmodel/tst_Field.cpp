@@ -1,14 +1,10 @@
 // One row's field: the set-once type, the value conventions of each type, its limits and look.
 
-#include "grid/GridHost.h"
+#include "grid/UserGrid.h"
 
-#include "editors/kwComboField.h"
 #include "editors/kwSimpleCheck.h"
-#include "editors/kwSliderValue.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "fieldmodel/lFieldTypes_p.h"
-#include "platform/ComboBox.h"
-#include "platform/DatePicker.h"
 
 #include <QClipboard>
 #include <QLineEdit>
@@ -16,29 +12,35 @@
 
 using namespace kwFieldDeck;
 using kwFieldDeck::test::GridHost;
+using kwFieldDeck::test::UserGrid;
 
 enum UserInput { Typed, PastedByKey, PastedFromMenu };
 
 // What the type's editor shows: text, check or slider value, combo position or picker date.
 static QString shownBy(Field *field)
 {
+    const EditorState &shown = GridHost::state(field);
     switch (field->FieldType()) {
     case ftText:
-        return FieldPrivate::get(field)->ValueTextBox()->Text();
     case ftNumeric:
-        return FieldPrivate::get(field)->ValueNumeric()->Text();
+        return shown.text;
     case ftCheckBox:
-        return QString::number(FieldPrivate::get(field)->ValueCheckBox()->Value());
+        return QString::number(shown.check);
     case ftCombo:
-        return QString::number(
-            FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListIndex());
+        return QString::number(shown.listIndex);
     case ftDate:
-        return FieldPrivate::get(field)->ValueDate()->Value().toDate().toString(Qt::ISODate);
+        return shown.date.toString(Qt::ISODate);
     case ftSlider:
-        return QString::number(FieldPrivate::get(field)->ValueSlider()->Value());
+        return QString::number(shown.number);
     default:
         return QString();
     }
+}
+
+// The rows on the grid's canvas, hidden ones and those of earlier types too.
+static qsizetype rowsOn(const GridHost &host)
+{
+    return host.d()->canvasRows().size();
 }
 
 class tst_Field : public QObject
@@ -50,10 +52,10 @@ private slots:
     {
         GridHost host;
         Field *field = host.add("Port");
-        const int controls = kwPropertyControlPrivate::get(host.grid)->Controls().Count();
+        const qsizetype rows = rowsOn(host);
         test::MessageRecorder messages;
         field->setFieldType(ftText);
-        QCOMPARE(kwPropertyControlPrivate::get(host.grid)->Controls().Count(), controls);
+        QCOMPARE(rowsOn(host), rows);
         field->setFieldType(ftNumeric);
         const QString warning
             = "Field:Port\r\nCan't Change Field Type once it has already been set!";
@@ -61,10 +63,10 @@ private slots:
         QCOMPARE(messages.messages.last().style, MsgBoxStyle::OKOnly);
         QCOMPARE(messages.messages.last().title, QString());
         QCOMPARE(field->FieldType(), qint32(ftNumeric));
-        // The earlier editor stays on the grid and stays referenced: intended.
-        QCOMPARE(kwPropertyControlPrivate::get(host.grid)->Controls().Count(), controls + 2);
-        QVERIFY(
-            FieldPrivate::get(field)->ValueTextBox() && FieldPrivate::get(field)->ValueNumeric());
+        // The earlier name cell and editor stay on the grid: intended.
+        QCOMPARE(rowsOn(host), rows + 1);
+        QCOMPARE(host.d()->canvasRows().at(rows - 1).field, field);
+        QVERIFY(host.row(field).top > host.d()->canvasRows().at(rows - 1).top);
     }
 
     void valueFollowsTheConventionOfItsType_data()
@@ -173,13 +175,13 @@ private slots:
 
     void clickingACheckGivesOneSixteenBitChange()
     {
-        GridHost host;
+        UserGrid host;
         Field *field = host.add("Enabled", ftCheckBox);
         QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
         QSignalSpy fieldChanged(field, &Field::Changed);
-        QTest::mouseClick(
-            FieldPrivate::get(field)->ValueCheckBox()->extender()->widget(), Qt::LeftButton);
-        QCOMPARE(FieldPrivate::get(field)->ValueCheckBox()->Value(), qint16(1));
+        QTest::mouseClick(host.view(), Qt::LeftButton, {},
+            host.view()->editorRect(FieldPrivate::get(field)->m_row).center());
+        QCOMPARE(GridHost::state(field).check, qint16(1));
         QCOMPARE(gridChanged.count(), 1);
         QCOMPARE(fieldChanged.count(), 1);
         const QVariant changedTo = fieldChanged.first().first();
@@ -194,17 +196,17 @@ private slots:
         Field *slider = host.add("Level", ftSlider);
         slider->setMin(2);
         slider->setMax("50");
-        QCOMPARE(FieldPrivate::get(slider)->ValueSlider()->Min(), 2);
-        QCOMPARE(FieldPrivate::get(slider)->ValueSlider()->Max(), 50);
+        QCOMPARE(GridHost::state(slider).sliderMin, 2);
+        QCOMPARE(GridHost::state(slider).sliderMax, 50);
         Field *field = host.add("Start", ftDate, "2024-03-01");
-        const QDate latest = FieldPrivate::get(field)->ValueDate()->MaxDate();
+        const QDate latest = GridHost::state(field).maxDate;
         // Min is still the number 0, not a date, so Max does not reach the picker: intended.
         field->setMax(QDate(2030, 1, 1));
-        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MaxDate(), latest);
+        QCOMPARE(GridHost::state(field).maxDate, latest);
         field->setMin(QDate(2020, 1, 1));
-        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MinDate(), QDate(2020, 1, 1));
+        QCOMPARE(GridHost::state(field).minDate, QDate(2020, 1, 1));
         field->setMax(QDate(2030, 1, 1));
-        QCOMPARE(FieldPrivate::get(field)->ValueDate()->MaxDate(), QDate(2030, 1, 1));
+        QCOMPARE(GridHost::state(field).maxDate, QDate(2030, 1, 1));
     }
 
     void sizeKeepsTextSetByTheProgramWhole_data()
@@ -229,8 +231,8 @@ private slots:
         QVERIFY(field);
         if (how == "Value")
             field->setValue(value);
-        QCOMPARE(FieldPrivate::get(field)->ValueTextBox()->MaxLength(), 5);
-        QCOMPARE(FieldPrivate::get(field)->ValueTextBox()->Text(), value);
+        QCOMPARE(GridHost::state(field).maxLength, 5);
+        QCOMPARE(GridHost::state(field).text, value);
         QCOMPARE(field->Value(), textValue(value));
     }
 
@@ -263,11 +265,12 @@ private slots:
         QFETCH(QString, input);
         QFETCH(UserInput, how);
         QFETCH(QString, after);
-        GridHost host;
+        UserGrid host;
         QVERIFY(host.shown);
         Field *field = host.grid->Fields()->Add("Code", ftText, 5, before);
-        QLineEdit *edit = FieldPrivate::get(field)->ValueTextBox()->lineEdit();
         field->SetFocus();
+        auto *edit = qobject_cast<QLineEdit *>(host.editorOf(field));
+        QVERIFY(edit);
         QTRY_VERIFY(edit->hasFocus());
         edit->setSelection(selStart, selLength);
         QGuiApplication::clipboard()->setText(input);
@@ -294,28 +297,32 @@ private slots:
 
     void enabledVisibleAndColoursReachTheRow()
     {
-        GridHost host;
+        UserGrid host;
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
-        const OleColor dateBack = FieldPrivate::get(date)->ValueDate()->BackColor();
+        const EditorState dateBefore = GridHost::state(date);
         for (Field *field : { text, date }) {
             field->setEnabled(false);
-            field->setVisible(false);
             field->setBackColor(0x00FFEEDD);
-            QVERIFY(!FieldPrivate::get(field)->FieldNameControl()->Enabled());
-            QVERIFY(!FieldPrivate::get(field)->FieldNameControl()->Visible());
-            QVERIFY(!FieldPrivate::get(field)->EditorControl()->Visible());
+            // A disabled row's editor is disabled when it is live.
+            QVERIFY(!host.editorOf(field)->isEnabled());
+            // A hidden row is not there for the pointer or the eye.
+            const QPoint place = host.view()->nameCellRect(FieldPrivate::get(field)->m_row).center();
+            QCOMPARE(host.view()->rowAt(place), FieldPrivate::get(field)->m_row);
+            field->setVisible(false);
+            QCOMPARE(host.view()->rowAt(place), qsizetype(-1));
         }
-        QVERIFY(!FieldPrivate::get(text)->ValueTextBox()->Enabled());
-        QVERIFY(!FieldPrivate::get(date)->ValueDate()->Enabled());
-        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->BackColor(), OleColor(0x00FFEEDD));
+        QVERIFY(!GridHost::state(text).enabled);
+        QVERIFY(!GridHost::state(date).enabled);
+        QCOMPARE(GridHost::state(text).backColor, OleColor(0x00FFEEDD));
         // The date picker keeps its own colours: intended.
-        QCOMPARE(FieldPrivate::get(date)->ValueDate()->BackColor(), dateBack);
+        QCOMPARE(GridHost::state(date).backColor, dateBefore.backColor);
+        QCOMPARE(GridHost::state(date).colorsSet, false);
     }
 
     void membersForOtherTypesOnATextField()
     {
-        GridHost host;
+        UserGrid host;
         QVERIFY(host.shown);
         host.addRows(2);
         Field *text = host.grid->Fields()->Item(2);
@@ -328,26 +335,26 @@ private slots:
         // Min moves the focus to a text field's box, and Filter goes to the file selector
         // unguarded, so a text field reports it: both intended.
         text->setMin(1);
-        QVERIFY(FieldPrivate::get(text)->ValueTextBox()->hasFocus());
+        QCOMPARE(host.focusedField(), text);
         text->setFilter("Text|*.txt");
         QCOMPARE(errors.sources(), QStringList { "Property 'Filter' of Class Module 'Field'" });
         QCOMPARE(errors.errors.first().number, 91);
     }
 
-    void editFieldLeavesTheMemoOutAndKillReleases()
+    void killReleasesTheEditorButTheRowStays()
     {
         GridHost host;
-        Field *text = host.add("Host");
-        Field *memo = host.add("Notes", ftMemo);
-        TextBox *editor = FieldPrivate::get(text)->ValueTextBox();
-        QCOMPARE(FieldPrivate::get(text)->EditField(), editor);
-        QVERIFY(FieldPrivate::get(memo)->Memo());
-        QVERIFY(!FieldPrivate::get(memo)->EditField());
-        // Kill only lets go of the editor; the row's controls stay on the grid.
+        Field *text = host.add("Host", ftText, "abc");
+        // Kill only lets go of the editor; the row stays on the grid as it was.
         FieldPrivate::get(text)->Kill();
-        QVERIFY(!FieldPrivate::get(text)->ValueTextBox());
-        QVERIFY(editor->Visible());
-        QVERIFY(FieldPrivate::get(text)->FieldNameControl());
+        QVERIFY(!FieldPrivate::get(text)->editorKind());
+        QVERIFY(FieldPrivate::get(text)->shownKind());
+        QVERIFY(FieldPrivate::get(text)->hasNameCell());
+        test::ErrorRecorder errors;
+        text->setValue("new");
+        QCOMPARE(GridHost::state(text).text, QStringLiteral("abc"));
+        QCOMPARE(errors.errors.size(), 1);
+        QCOMPARE(errors.errors.first().number, 91);
     }
 
     void editorsAreNamedForScreenReaders_data()
@@ -361,15 +368,11 @@ private slots:
     void editorsAreNamedForScreenReaders()
     {
         QFETCH(int, type);
-        GridHost host;
+        UserGrid host;
         Field *field = host.add("Port", lFieldTypes(type), {}, "TCP port");
         field->setDescription("Port the server listens on");
-        // The row's editor is the last control the grid created; every part that takes the focus
-        // must say which field it edits.
-        Control *editor = nullptr;
-        for (Control *control : kwPropertyControlPrivate::get(host.grid)->Controls())
-            editor = control;
-        QWidget *root = editor->widget();
+        // Every part of the row's live editor that takes the focus says which field it edits.
+        QWidget *root = host.editorOf(field);
         QList<QWidget *> parts = root->findChildren<QWidget *>();
         parts.prepend(root);
         int named = 0;
