@@ -227,6 +227,8 @@ kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
     VScroll1->setObjectName(QStringLiteral("VScroll1"));
     VScroll1->setFocusPolicy(Qt::NoFocus);
     VScroll1->setEnabled(false);
+    // Dragging the thumb moves the canvas; the value, and the first row, follow when it ends.
+    VScroll1->setTracking(false);
     // Rows are reached by Tab from outside, and a click that reaches no row keeps the focus.
     grid->setFocusPolicy(Qt::StrongFocus);
     picOuter->setFocusPolicy(Qt::NoFocus);

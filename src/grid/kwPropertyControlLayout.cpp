@@ -41,6 +41,9 @@ float kwPropertyControlPrivate::EditorWidth(float margin) const
 
 void kwPropertyControlPrivate::layRow(CanvasRow &row, float top)
 {
+    // A name cell cannot be given a negative height.
+    if (m_RowHeight < 0)
+        raise(380, QStringLiteral("Invalid property value"));
     row.top = top;
     row.height = m_RowHeight;
     row.width = m_FieldNameWidth;
@@ -66,9 +69,9 @@ void kwPropertyControlPrivate::Refresh(bool Redraw)
         if (m_layoutStale || fields.count() < m_laidFieldCount) {
             m_laidRows.clear();
             m_laidFieldCount = 0;
-            m_canvasHeight = 0;
+            m_laidBottom = 0;
         }
-        float top = m_canvasHeight;
+        float top = m_laidBottom;
         for (int i = m_laidFieldCount; i < fields.count(); ++i) {
             Field *field = fields.at(i);
             const qsizetype at = FieldPrivate::get(field)->m_row;
@@ -82,6 +85,7 @@ void kwPropertyControlPrivate::Refresh(bool Redraw)
         m_laidFieldCount = fields.count();
         m_laidUpTo = m_canvas.size();
         m_layoutStale = false;
+        m_laidBottom = top;
         m_canvasHeight = top;
         m_VisibleRowCount = qint32(m_laidRows.size());
         CalcSlider();
@@ -141,9 +145,7 @@ void kwPropertyControlPrivate::VScroll1_Change()
 {
     trap("Sub 'VScroll1_Change' of User Control 'kwPropertyControl'", [&] {
         moveCanvas(-(m_RowHeight - SharedBorder) * VScroll1->value());
-        // While the thumb is dragged the first row stays; the end of the drag sets it.
-        if (!VScroll1->isSliderDown())
-            m_FirstRow = roundToInt16(VScroll1->value());
+        m_FirstRow = roundToInt16(VScroll1->value());
     });
 }
 

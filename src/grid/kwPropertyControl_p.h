@@ -108,6 +108,8 @@ public:
     QVector<qsizetype> rowsBetween(float top, float bottom) const;
     // Where the canvas lies in the viewport: its top, in twips (0 or less when scrolled).
     float canvasTop() const { return m_canvasTop; }
+    // How far down the laid-out rows reach, in twips.
+    float canvasHeight() const { return m_canvasHeight; }
     float pitch() const { return m_RowHeight - SharedBorder; }
     Field *highlighted() const { return m_highlighted; }
     // The rows that Tab, Up, Down and the page keys move through: visible rows with an editor,
@@ -186,6 +188,8 @@ private:
     QVector<qsizetype> m_laidRows;
     qsizetype m_laidUpTo = 0;
     int m_laidFieldCount = 0;
+    // Where the next laid-out row goes: below the last one of the layout.
+    float m_laidBottom = 0;
     bool m_layoutStale = false;
     float m_canvasTop = 0;
     float m_canvasHeight = 0;

@@ -307,7 +307,8 @@ private slots:
             // A disabled row's editor is disabled when it is live.
             QVERIFY(!host.editorOf(field)->isEnabled());
             // A hidden row is not there for the pointer or the eye.
-            const QPoint place = host.view()->nameCellRect(FieldPrivate::get(field)->m_row).center();
+            const QPoint place
+                = host.view()->nameCellRect(FieldPrivate::get(field)->m_row).center();
             QCOMPARE(host.view()->rowAt(place), FieldPrivate::get(field)->m_row);
             field->setVisible(false);
             QCOMPARE(host.view()->rowAt(place), qsizetype(-1));

@@ -2,9 +2,8 @@
 
 #include "grid/GridHost.h"
 
-#include "editors/kwSliderValue.h"
-#include "platform/DatePicker.h"
 #include "platform/PropertyBag.h"
+#include "platform/Twips.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -44,18 +43,18 @@ const QList<Persisted> &persisted()
     return list;
 }
 
-int labelNumber(Field *field)
+// The row's live editor, a line edit for text and number rows.
+QLineEdit *lineEditOf(kwPropertyControl *grid, Field *field)
 {
-    return FieldPrivate::get(field)
-        ->FieldNameControl()
-        ->Name()
-        .mid(int(qstrlen("FieldName")))
-        .toInt();
+    kwPropertyControlPrivate::get(grid)->rowEditor().bind(field);
+    return qobject_cast<QLineEdit *>(kwPropertyControlPrivate::get(grid)->rowEditor().editor());
 }
 
-QLineEdit *editorOf(Field *field)
+// The colour on screen just inside the left border of a row's name cell.
+QColor nameCellColour(GridHost &host, Field *field)
 {
-    return static_cast<TextBox *>(FieldPrivate::get(field)->EditorControl())->lineEdit();
+    const QRect cell = host.view()->nameCellRect(FieldPrivate::get(field)->m_row);
+    return host.view()->grab().toImage().pixelColor(cell.left() + 2, cell.center().y());
 }
 } // namespace
 
@@ -96,6 +95,7 @@ private slots:
     void coloursAndFontReachEveryRow()
     {
         GridHost host;
+        QVERIFY(host.shown);
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
         const QFont font(QStringLiteral("Serif"), 14);
@@ -103,91 +103,59 @@ private slots:
         host.grid->setBackColor(0x00FF0000);
         host.grid->setFieldNameBackColor(0x00EEEEEE);
         host.grid->setFieldNameForeColor(0x00222222);
-        QCOMPARE(host.picInner()->BackColor(), OleColor(0x00FF0000));
+        host.grid->Refresh(true);
+        QCOMPARE(host.view()->grab().toImage().pixelColor(
+                     host.view()->rect().bottomLeft() + QPoint(5, -5)),
+            QColor(0, 0, 0xFF));
         for (Field *field : { text, date, host.add("Later") }) {
-            QCOMPARE(FieldPrivate::get(field)->FieldNameControl()->Font(), font);
-            QCOMPARE(FieldPrivate::get(field)->EditorControl()->Font(), font);
-            QCOMPARE(
-                FieldPrivate::get(field)->FieldNameControl()->BackColor(), OleColor(0x00EEEEEE));
-            QCOMPARE(
-                FieldPrivate::get(field)->FieldNameControl()->ForeColor(), OleColor(0x00222222));
+            QCOMPARE(nameCellColour(host, field), QColor(0xEE, 0xEE, 0xEE));
+            host.d()->rowEditor().bind(field);
+            QCOMPARE(host.d()->rowEditor().editor()->font(), font);
         }
     }
 
-    void labelAndEditorShareOneNumber_data()
+    // Every type's editor lies beside its name cell, in the row's height; the name cell shows the
+    // name with a trailing blank and the description as its tool tip.
+    void everyRowLiesBesideItsNameCell_data()
     {
         QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("prefix");
-        QTest::addColumn<QByteArray>("className");
-        auto row = [](lFieldTypes type, const char *prefix, const char *className) {
-            QTest::newRow(prefix) << int(type) << QString(prefix) << QByteArray(className);
-        };
-        row(ftText, "TextBox", "TextBox");
-        row(ftNumeric, "Numeric", "TextBox");
-        row(ftCheckBox, "kwSimpleCheck", "kwSimpleCheck");
-        row(ftCombo, "kwComboField", "kwComboField");
-        row(ftDate, "DTPicker", "DatePicker");
-        row(ftSlider, "kwSliderValue", "kwSliderValue");
-        row(ftFileSelector, "kwFileSelectorField", "kwFileSelectorField");
-        row(ftFolderSelector, "kwFolderSelectorField", "kwFolderSelectorField");
+        for (int type = ftText; type <= ftMemo; ++type)
+            QTest::newRow(qPrintable(QString::number(type))) << type;
     }
 
-    void labelAndEditorShareOneNumber()
+    void everyRowLiesBesideItsNameCell()
     {
         QFETCH(int, type);
-        QFETCH(QString, prefix);
-        QFETCH(QByteArray, className);
         GridHost host;
         test::ErrorRecorder errors;
         Field *field = host.add("Value", lFieldTypes(type), {}, "About");
         QVERIFY2(errors.errors.isEmpty(), qPrintable(errors.sources().join(", ")));
-        Control *editor = kwPropertyControlPrivate::get(host.grid)->Controls().Item(
-            prefix + QString::number(labelNumber(field)));
-        QVERIFY(editor);
-        QCOMPARE(FieldPrivate::get(field)->EditorControl(), editor);
-        QCOMPARE(QByteArray(FieldPrivate::get(field)->EditField()->metaObject()->className()),
-            "kwFieldDeck::" + className);
-        QCOMPARE(editor->Container(), host.picInner()->widget());
-        QCOMPARE(editor->Top(), FieldPrivate::get(field)->FieldNameControl()->Top());
-        QCOMPARE(editor->Left(), 725.0f);
-        QCOMPARE(editor->Height(), 315.0f);
-        TextBox *cell = FieldPrivate::get(field)->FieldNameControl();
-        QCOMPARE(cell->Text(), QStringLiteral("Value "));
-        QCOMPARE(cell->ToolTipText(), QStringLiteral("About"));
-        QVERIFY(cell->Locked() && !cell->TabStop());
+        const CanvasRow &row = host.row(field);
+        QCOMPARE(row.editorLeft, 725.0f);
+        QCOMPARE(row.editorHeight, 315.0f);
+        QCOMPARE(row.height, 315.0f);
+        QCOMPARE(row.width, 750.0f);
+        host.d()->rowEditor().bind(field);
+        QCOMPARE(host.d()->rowEditor().editor()->geometry(),
+            host.view()->editorRect(FieldPrivate::get(field)->m_row));
     }
 
-    void gridsOfOneThreadShareTheCounter()
+    // A value that the new editor cannot take is reported under the creator and leaves the row.
+    void editorThatCannotTakeItsValueIsReportedAndLeavesTheRow()
     {
-        GridHost first;
-        GridHost second;
-        Field *a = first.add("A");
-        Field *b = second.add("B");
-        first.grid->Fields()->Remove("A");
-        Field *again = first.add("A");
-        QCOMPARE(labelNumber(b), labelNumber(a) + 1);
-        QCOMPARE(labelNumber(again), labelNumber(a) + 2);
-        QCOMPARE(FieldPrivate::get(again)->ValueTextBox()->Name(),
-            QStringLiteral("TextBox%1").arg(labelNumber(again)));
-    }
-
-    void editorThatCannotBeCreatedIsReportedAndLeavesTheLabel()
-    {
-        const QString classId = libraryTitle() + QStringLiteral(".kwSliderValue");
-        ClassFactory::registerClass(
-            classId, [](const QString &, QObject *) -> Control * { raise(ErrCannotCreateObject); });
         GridHost host;
+        Field *field = host.add("Level", lFieldTypes(0), "not a truth");
         test::ErrorRecorder errors;
         test::MessageRecorder messages;
-        Field *field = host.add("Level", ftSlider);
-        registerEditor<kwSliderValue>("kwSliderValue");
-        QVERIFY(field && !FieldPrivate::get(field)->ValueSlider());
-        QVERIFY(!errors.errors.isEmpty());
-        QCOMPARE(errors.errors.first().number, int(ErrCannotCreateObject));
+        field->setFieldType(ftCheckBox);
+        QCOMPARE(messages.messages.size(), 0);
+        QCOMPARE(errors.errors.size(), 1);
+        QCOMPARE(errors.errors.first().number, int(ErrTypeMismatch));
         QCOMPARE(errors.errors.first().source,
-            QStringLiteral("Function 'AddSliderValue' of User Control 'kwPropertyControl'"));
-        QVERIFY(FieldPrivate::get(field)->FieldNameControl()->Visible());
-        QCOMPARE(FieldPrivate::get(field)->FieldNameControl()->Text(), QStringLiteral("Level "));
+            QStringLiteral("Function 'AddCheckBox' of User Control 'kwPropertyControl'"));
+        QVERIFY(FieldPrivate::get(field)->editorKind());
+        QCOMPARE(GridHost::state(field).check, qint16(0));
+        QVERIFY(host.d()->rowOf(field) >= 0);
     }
 
     void rowsShareOneBorderLine_data()
@@ -212,13 +180,13 @@ private slots:
         QList<float> nameTops, editorTops;
         for (Field *field : *host.grid->Fields()) {
             if (field->Visible()) {
-                nameTops << FieldPrivate::get(field)->FieldNameControl()->Top();
-                editorTops << FieldPrivate::get(field)->ValueTextBox()->Top();
+                nameTops << host.row(field).top;
+                editorTops << host.row(field).top;
             }
         }
         QCOMPARE(nameTops, tops);
         QCOMPARE(editorTops, tops);
-        QCOMPARE(host.picInner()->Height(), canvasHeight);
+        QCOMPARE(host.d()->canvasHeight(), canvasHeight);
     }
 
     void scrollRangeFollowsVisibleRows_data()
@@ -238,9 +206,9 @@ private slots:
         GridHost host(4000, 1215);
         host.addRows(rows);
         host.grid->Refresh(true);
-        QCOMPARE(host.scrollBar()->Enabled(), maximum > 0);
+        QCOMPARE(host.scrollBar()->isEnabled(), maximum > 0);
         if (maximum > 0)
-            QCOMPARE(host.scrollBar()->Max(), maximum);
+            QCOMPARE(host.scrollBar()->maximum(), maximum);
     }
 
     void scrollingMovesTheCanvasAndDraggingLeavesFirstRow()
@@ -249,12 +217,12 @@ private slots:
         host.addRows(10);
         host.grid->Refresh(true);
         host.scrollBar()->setValue(2);
-        QCOMPARE(host.picInner()->Top(), -600.0f);
+        QCOMPARE(host.canvasTop(), -600.0f);
         QCOMPARE(host.grid->FirstRow(), qint16(2));
-        QScrollBar *bar = host.scrollBar()->scrollBar();
+        QScrollBar *bar = host.scrollBar();
         bar->setSliderDown(true);
         bar->setSliderPosition(3);
-        QCOMPARE(host.picInner()->Top(), -900.0f);
+        QCOMPARE(host.canvasTop(), -900.0f);
         QCOMPARE(host.grid->FirstRow(), qint16(2));
         bar->setSliderDown(false);
         QCOMPARE(host.grid->FirstRow(), qint16(3));
@@ -279,16 +247,16 @@ private slots:
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
         // The date picker is created 10 twips wider than the other editors (intended).
-        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Left(), 725.0f);
-        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Width(), 2965.0f);
+        QCOMPARE(host.row(date).editorLeft, 725.0f);
+        QCOMPARE(host.row(date).editorWidth, 2965.0f);
         if (nameWidth > 0)
             host.grid->setFieldNameWidth(nameWidth);
-        QCOMPARE(FieldPrivate::get(text)->FieldNameControl()->Width(), left + 25);
-        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->Left(), left);
-        QCOMPARE(FieldPrivate::get(text)->ValueTextBox()->Width(), width);
+        QCOMPARE(host.row(text).width, left + 25);
+        QCOMPARE(host.row(text).editorLeft, left);
+        QCOMPARE(host.row(text).editorWidth, width);
         // A full layout gives the date picker the same margin as the others.
         host.grid->Refresh(true);
-        QCOMPARE(FieldPrivate::get(date)->ValueDate()->Width(), width);
+        QCOMPARE(host.row(date).editorWidth, width);
     }
 
     void typingRaisesChangedPerAcceptedKey_data()
@@ -324,11 +292,12 @@ private slots:
         QVERIFY(host.shown);
         host.grid->setAmbientUserMode(userMode);
         Field *field = host.add("Port", lFieldTypes(type));
-        editorOf(field)->clear();
+        QLineEdit *edit = lineEditOf(host.grid, field);
+        edit->clear();
         QSignalSpy gridChanged(host.grid, &kwPropertyControl::Changed);
         QSignalSpy fieldChanged(field, &Field::Changed);
-        QTest::keyClicks(editorOf(field), typed);
-        QCOMPARE(editorOf(field)->text(), shown);
+        QTest::keyClicks(edit, typed);
+        QCOMPARE(edit->text(), shown);
         QVariantList changes;
         for (const QList<QVariant> &arguments : std::as_const(fieldChanged))
             changes << arguments.at(0).value<QVariant>();
@@ -340,71 +309,40 @@ private slots:
             QCOMPARE(gridChanged.last().at(0).value<Field *>(), field);
     }
 
-    void clickingNameCellBelowViewportScrollsRowByRow()
+    // The row at the bottom edge shows its top border line only; a click there scrolls it in.
+    void clickingNameCellAtTheBottomEdgeScrollsRowByRow()
     {
         GridHost host(4000, 1215);
         QVERIFY(host.shown);
         host.addRows(10);
         host.grid->Refresh(true);
-        Field *target = host.grid->Fields()->Item(8);
-        QTest::mouseClick(FieldPrivate::get(target)->FieldNameControl()->lineEdit(), Qt::LeftButton,
-            {}, QPoint(5, 5));
+        Field *target = host.grid->Fields()->Item(5);
+        QTest::mouseClick(host.view(), Qt::LeftButton, {}, QPoint(5, host.view()->height() - 1));
         QCoreApplication::processEvents();
-        // Row 8 ends at 7 * 300 + 315 = 2415; the viewport is 1215 high: four rows down.
-        QCOMPARE(host.grid->FirstRow(), qint16(4));
-        QCOMPARE(host.picInner()->Top(), -1200.0f);
+        // Row 5 ends at 4 * 300 + 315 = 1515; the viewport is 1215 high: one row down.
+        QCOMPARE(host.d()->highlighted(), target);
+        QCOMPARE(host.grid->FirstRow(), qint16(1));
+        QCOMPARE(host.canvasTop(), -300.0f);
     }
 
-    void onlyRowsNearTheViewAreShownWidgets()
+    // A row out of view comes into it with the focus, and the view can leave it again.
+    void theFocusBringsARowIntoViewAndStaysWhenScrolledAway()
     {
         GridHost host(4000, 1215);
         QVERIFY(host.shown);
         host.addRows(200);
         host.grid->Refresh(true);
-        auto shown = [&](int row) {
-            return FieldPrivate::get(host.grid->Fields()->Item(row))
-                ->ValueTextBox()
-                ->widget()
-                ->isVisible();
-        };
-        // The view of 1215 twips and one view's reach below it end at 2430: rows 1 to 9 (top 2400).
-        QVERIFY(shown(1) && shown(9) && !shown(10) && !shown(200));
         Field *last = host.grid->Fields()->Item(200);
-        QVERIFY(FieldPrivate::get(last)->ValueTextBox()->Visible());
-        // Rows out of view keep their container; the canvas itself holds only the rows near it.
-        QCOMPARE(FieldPrivate::get(last)->ValueTextBox()->Container(), host.picInner()->widget());
-        QCOMPARE(
-            FieldPrivate::get(last)->FieldNameControl()->Container(), host.picInner()->widget());
-        QVERIFY(host.picInner()->widget()->children().size() < 30);
-        host.grid->setFirstRow(150);
-        // The view starts at 45000; its reach covers rows 146 (top 43500) to 159 (top 47400).
-        QVERIFY(!shown(145) && shown(146) && shown(159) && !shown(160));
-        // Rows brought back lie in row order, each over the one before it.
-        QWidgetList stacked;
-        for (QObject *child : host.picInner()->widget()->children()) {
-            if (auto *widget = qobject_cast<QWidget *>(child); widget && widget->isVisible())
-                stacked << widget;
-        }
-        QCOMPARE(stacked.size(), 2 * 14);
-        for (int row = 146; row <= 159; ++row) {
-            const int at = 2 * (row - 146);
-            QCOMPARE(stacked.at(at),
-                FieldPrivate::get(host.grid->Fields()->Item(row))->FieldNameControl()->widget());
-            QCOMPARE(stacked.at(at + 1),
-                FieldPrivate::get(host.grid->Fields()->Item(row))->ValueTextBox()->widget());
-        }
-        // The focus brings a row that is out of view into it.
         last->SetFocus();
         QCoreApplication::processEvents();
-        QVERIFY(shown(200) && !shown(150));
         // Row 200 ends at 59700 + 315; it is inside the 1215-high view from row 196 on.
         QCOMPARE(host.grid->FirstRow(), qint16(196));
-        // Scrolling away from the row with the focus leaves the focus where it is.
+        QVERIFY(host.d()->rowEditor().holdsFocus());
         host.grid->setFirstRow(0);
         QCoreApplication::processEvents();
-        QVERIFY(FieldPrivate::get(last)->ValueTextBox()->hasFocus());
+        QCOMPARE(host.d()->rowEditor().row(), last);
+        QVERIFY(host.d()->rowEditor().holdsFocus());
         QCOMPARE(host.grid->FirstRow(), qint16(0));
-        QVERIFY(shown(1) && !shown(199));
     }
 
     // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
@@ -454,12 +392,12 @@ private slots:
         for (const QSize size : { window.size(), QSize(1, 1) }) {
             window.resize(size);
             QTRY_VERIFY(grid->height() >= twipsToPixelsY(3 * grid->RowHeight()));
-            const TextBox *lastLabel
-                = FieldPrivate::get(grid->Fields()->Item(3))->FieldNameControl();
-            QVERIFY(lastLabel->Top() + lastLabel->Height()
-                <= kwPropertyControlPrivate::get(grid)->OuterPicBox()->Height());
+            const auto *d = kwPropertyControlPrivate::get(grid);
+            const qsizetype last = d->rowOf(grid->Fields()->Item(3));
+            const CanvasRow &lastRow = d->canvasRows().at(last);
+            QVERIFY(lastRow.top + lastRow.height <= grid->height() * twipsPerPixelY());
             QVERIFY(grid->width() >= twipsToPixelsX(grid->FieldNameWidth() + 1500));
-            QVERIFY(editorOf(grid->Fields()->Item(3))->width() >= twipsToPixelsX(1000));
+            QVERIFY(d->view()->editorRect(last).width() >= twipsToPixelsX(1000));
         }
         QCOMPARE(errors.sources(), QStringList());
     }
@@ -479,10 +417,9 @@ private slots:
             errors.sources(), QStringList { "Sub 'Refresh' of User Control 'kwPropertyControl'" });
         host.grid->setRowHeight(400);
         host.grid->Refresh(true);
-        QCOMPARE(FieldPrivate::get(second)->FieldNameControl()->Top(), 300.0f);
+        QCOMPARE(host.row(second).top, 300.0f);
         host.grid->update();
-        QTRY_VERIFY((host.grid->Refresh(true),
-            FieldPrivate::get(second)->FieldNameControl()->Top() == 385.0f));
+        QTRY_VERIFY((host.grid->Refresh(true), host.row(second).top == 385.0f));
     }
 
     // Arriving at rows every way is the interaction test's; here, a description label that is
