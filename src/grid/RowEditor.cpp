@@ -97,6 +97,7 @@ void RowEditor::bind(Field *field)
     FieldPrivate *row = FieldPrivate::get(field);
     const FieldKind *kind = row->editorKind();
     QPointer<QWidget> old = m_editor;
+    keepState();
     if (m_binding)
         m_binding->field = nullptr;
     m_binding = nullptr;
@@ -152,8 +153,19 @@ void RowEditor::parkFocus()
     m_movingFocus = false;
 }
 
+// What the editor shows that it reported as no change (a number typed that the slider already
+// had) stays with the row it leaves.
+void RowEditor::keepState()
+{
+    Field *field = row();
+    const FieldKind *kind = field ? FieldPrivate::get(field)->editorKind() : nullptr;
+    if (kind)
+        kind->GetValueFromControl(m_editor, FieldPrivate::get(field)->m_editor);
+}
+
 void RowEditor::release()
 {
+    keepState();
     if (m_binding)
         m_binding->field = nullptr;
     m_binding = nullptr;

@@ -51,6 +51,7 @@ private:
     void moveToEnd(bool last);
     QList<QWidget *> parts() const;
     void parkFocus();
+    void keepState();
 
     kwPropertyControlPrivate *m_grid;
     QPointer<QWidget> m_editor;

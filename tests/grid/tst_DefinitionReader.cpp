@@ -2,10 +2,9 @@
 
 #include "GridHost.h"
 
-#include "editors/kwComboField.h"
+#include "editors/FieldKinds_p.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "grid/DefinitionText.h"
-#include "platform/ComboBox.h"
 #include "platform/Values.h"
 #include <kwFieldDeck/DropDownValue.h>
 
@@ -42,8 +41,8 @@ QStringList itemKeys(Field *field)
 QStringList listTexts(Field *field)
 {
     QStringList texts;
-    for (int i = 0; i < FieldPrivate::get(field)->ValueComboBox()->ComboControl()->ListCount(); ++i)
-        texts << FieldPrivate::get(field)->ValueComboBox()->ComboControl()->List(i);
+    for (const ComboEntry &entry : std::as_const(GridHost::state(field).entries))
+        texts << entry.text;
     return texts;
 }
 } // namespace
@@ -243,8 +242,7 @@ private slots:
         QCOMPARE(::itemKeys(colour), itemKeys);
         QCOMPARE(listTexts(colour), texts);
         if (keys.contains(QStringLiteral("VALUE=20")))
-            QCOMPARE(FieldPrivate::get(colour)->ValueComboBox()->ComboControl()->Text(),
-                QStringLiteral("Medium"));
+            QCOMPARE(ComboKind::shownText(GridHost::state(colour)), QStringLiteral("Medium"));
     }
 
     void loadDefFileReadsTheFileOrReportsWhy_data()

@@ -7,10 +7,10 @@
 
 #include "grid/UserGrid.h"
 
-#include "editors/kwSliderValue.h"
 #include "platform/Clipboard.h"
-#include "platform/TextBox.h"
 #include "platform/Values.h"
+
+#include <QLineEdit>
 
 #include <QPointer>
 #include <QRandomGenerator>
@@ -54,18 +54,22 @@ bool readsBackAsWritten(const Field *field, const QVariant &written)
     }
 }
 
-// A number box that shows what its key filter refuses: the text, or empty.
-QString refusedCharacterShown(const Fields &fields)
+// A number box that shows what its key filter refuses: the text, or empty. The row being edited
+// shows its live editor's text, every other row its kept text.
+QString refusedCharacterShown(const UserGrid &user)
 {
     static const QRegularExpression numeric(QStringLiteral("^[-+.0-9]*$"));
-    for (Field *field : fields) {
-        QString shown;
-        if (field->FieldType() == ftNumeric)
-            shown = FieldPrivate::get(field)->ValueNumeric()->Text();
-        else if (field->FieldType() == ftSlider)
-            shown = static_cast<TextBox *>(
-                FieldPrivate::get(field)->ValueSlider()->Controls().Item(QStringLiteral("txtNum")))
-                        ->Text();
+    const QWidget *live = user.d()->rowEditor().editor();
+    for (Field *field : *user.grid->Fields()) {
+        if (field->FieldType() != ftNumeric && field->FieldType() != ftSlider)
+            continue;
+        QString shown = GridHost::state(field).text;
+        if (live && user.d()->rowEditor().row() == field) {
+            const auto *box = qobject_cast<const QLineEdit *>(live);
+            if (!box)
+                box = live->findChild<QLineEdit *>(QStringLiteral("txtNum"));
+            shown = box->text();
+        }
         if (!numeric.match(shown).hasMatch())
             return field->Name() + QStringLiteral(": ") + shown;
     }
@@ -130,6 +134,11 @@ private:
             { Qt::Key_V, Qt::ControlModifier },
             { Qt::Key_Left, Qt::NoModifier },
             { Qt::Key_Right, Qt::NoModifier },
+            { Qt::Key_Backtab, Qt::ShiftModifier },
+            { Qt::Key_PageUp, Qt::NoModifier },
+            { Qt::Key_PageDown, Qt::NoModifier },
+            { Qt::Key_Home, Qt::ControlModifier },
+            { Qt::Key_End, Qt::ControlModifier },
         };
         const auto &[key, modifiers] = keys.at(pick(int(keys.size())));
         if (key == Qt::Key_V)
@@ -159,30 +168,57 @@ private:
 
     QString click()
     {
-        // A user clicks what is on the screen: a name cell or an editor part of a row in view.
-        QVector<QPair<Field *, Control *>> onScreen;
-        for (Field *field : *m_user.grid->Fields()) {
-            QVector<Control *> parts = UserGrid::focusableParts(field);
-            parts << FieldPrivate::get(field)->FieldNameControl();
-            for (Control *part : parts) {
-                if (part->widget()->isVisible())
-                    onScreen.append({ field, part });
-            }
+        // A user clicks what is on the screen: somewhere on a name cell or an editor of a row in
+        // view, idle or live.
+        const QRect view = m_user.view()->rect();
+        const float scale = float(twipsPerPixelY());
+        QVector<qsizetype> rows;
+        for (qsizetype row : m_user.d()->rowsBetween(
+                 -m_user.canvasTop(), float(view.height()) * scale - m_user.canvasTop())) {
+            if (m_user.d()->canvasRows().at(row).field->Visible())
+                rows << row;
         }
-        if (onScreen.isEmpty())
+        if (rows.isEmpty())
             return QStringLiteral("nothing to click");
-        const auto &[field, part] = onScreen.at(pick(int(onScreen.size())));
-        QTest::mouseClick(part->widget(), Qt::LeftButton, {}, test::pointToClick(part->widget()));
-        return QStringLiteral("clicked %1 of %2").arg(part->Name(), field->Name());
+        const qsizetype row = rows.at(pick(int(rows.size())));
+        const QRect area
+            = pick(3) ? m_user.view()->editorRect(row) : m_user.view()->nameCellRect(row);
+        const QRect target = area.intersected(view);
+        if (target.isEmpty())
+            return QStringLiteral("nothing to click");
+        const QPoint point(
+            target.left() + pick(target.width()), target.top() + pick(target.height()));
+        QWidget *widget = m_user.view()->childAt(point);
+        if (!widget)
+            widget = m_user.view();
+        QTest::mouseClick(widget, Qt::LeftButton, {}, widget->mapFrom(m_user.view(), point));
+        return QStringLiteral("clicked %1 at %2,%3 of %4")
+            .arg(widget->objectName())
+            .arg(point.x())
+            .arg(point.y())
+            .arg(m_user.d()->canvasRows().at(row).field->Name());
     }
 
     QString scroll()
     {
-        auto *bar = qobject_cast<QScrollBar *>(m_user.scrollBar()->widget());
+        QScrollBar *bar = m_user.scrollBar();
         if (!bar->isEnabled())
             return QStringLiteral("nothing to scroll");
-        bar->setValue(pick(bar->maximum() + 1));
-        return QStringLiteral("scrolled to %1").arg(bar->value());
+        if (pick(2)) {
+            bar->setValue(pick(bar->maximum() + 1));
+            return QStringLiteral("scrolled to %1").arg(bar->value());
+        }
+        // The wheel, over any point of the view.
+        const QPoint point(pick(m_user.view()->width()), pick(m_user.view()->height()));
+        QWidget *widget = m_user.view()->childAt(point);
+        if (!widget)
+            widget = m_user.view();
+        const QPoint local = widget->mapFrom(m_user.view(), point);
+        QWheelEvent wheel(local, widget->mapToGlobal(local), QPoint(),
+            QPoint(0, pick(2) ? 120 : -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+            false);
+        QApplication::sendEvent(widget, &wheel);
+        return QStringLiteral("wheel at %1,%2").arg(point.x()).arg(point.y());
     }
 
     QString writeValue()
@@ -317,7 +353,7 @@ private slots:
                 QVERIFY2(written->FieldType() != ftCombo || changed.contains(written),
                     (replay() + " raised no Changed").constData());
             }
-            const QString refused = refusedCharacterShown(*user.grid->Fields());
+            const QString refused = refusedCharacterShown(user);
             QVERIFY2(refused.isEmpty(), (replay() + " shows " + refused.toUtf8()).constData());
             // Once a row has the focus, the window keeps it, and the row that has it is the one
             // highlighted.

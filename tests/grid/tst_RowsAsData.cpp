@@ -1,6 +1,6 @@
-// A grid of many rows costs widgets only for the rows near its view: the widgets under a grid
-// 400 pixels high are as many for 100,000 rows as for 1,000, wherever it is scrolled, and the
-// keyboard still walks the rows in order past the rows that had no widgets.
+// A grid of many rows costs no widget per row: a grid holds its viewport, its scroll bar and the
+// live editor of one row, as many for 100,000 rows as for 1,000, wherever it is scrolled, and the
+// keyboard walks the rows in order, each in view as it is reached.
 
 #include "grid/GridHost.h"
 
@@ -25,6 +25,17 @@ struct TallGrid : GridHost
     }
 
     qsizetype liveWidgets() const { return grid->findChildren<QWidget *>().size(); }
+    // The widgets that are not parts of the live editor: the viewport and the scroll bar.
+    qsizetype gridWidgets() const
+    {
+        qsizetype count = 0;
+        const QWidget *editor = d()->rowEditor().editor();
+        for (const QWidget *widget : grid->findChildren<QWidget *>()) {
+            if (!editor || (widget != editor && !editor->isAncestorOf(widget)))
+                ++count;
+        }
+        return count;
+    }
 
     // FirstRow, since the scroll bar of the system is 16-bit and a range past 32,767 rows
     // overflows it.
@@ -46,8 +57,13 @@ private slots:
         TallGrid many(100000);
         QCOMPARE(many.grid->Fields()->Count(), 100000);
         QCOMPARE(many.liveWidgets(), few.liveWidgets());
-        // Scrolling reuses the widgets of the rows that left the view: anywhere in the grid the
-        // rows near the view take as many as in the small grid.
+        QCOMPARE(many.gridWidgets(), 2);
+        // The row with the focus has one live editor, in a grid of any size.
+        many.field(QStringLiteral("Row99999"))->SetFocus();
+        few.field(QStringLiteral("Row999"))->SetFocus();
+        QCOMPARE(many.liveWidgets(), few.liveWidgets());
+        QCOMPARE(many.gridWidgets(), 3);
+        // Scrolling makes no widget: anywhere in the grid there are as many as in the small one.
         const QPair<int, int> positions[]
             = { { 500, 500 }, { 300, 30000 }, { 0, 0 }, { 990, 32000 } };
         for (const auto &[inFew, inMany] : positions) {
@@ -57,10 +73,10 @@ private slots:
         }
         // A row without widgets has all of its state.
         Field *far = many.field(QStringLiteral("Row77769"));
-        QVERIFY(!FieldPrivate::get(far)->EditorControl()->isRealized());
+        QVERIFY(many.d()->rowEditor().row() != far);
         far->setValue(QStringLiteral("far away"));
         QCOMPARE(far->Value().toString(), QStringLiteral("far away"));
-        QCOMPARE(FieldPrivate::get(far)->ValueTextBox()->Text(), QStringLiteral("far away"));
+        QCOMPARE(GridHost::state(far).text, QStringLiteral("far away"));
     }
 
     void downWalksPastTheRealizedRows_data()
@@ -80,18 +96,17 @@ private slots:
             host.add(QStringLiteral("Row%1").arg(i), ftText);
         host.grid->Refresh(true);
         Field *first = host.field(QStringLiteral("Row0"));
-        FieldPrivate::get(first)->ValueTextBox()->SetFocus();
-        QTRY_VERIFY(FieldPrivate::get(first)->ValueTextBox()->hasFocus());
+        first->SetFocus();
+        QTRY_VERIFY(host.d()->rowEditor().row() == first && host.d()->rowEditor().holdsFocus());
         for (int i = 1; i < 150; ++i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
             Field *row = host.field(QStringLiteral("Row%1").arg(i));
-            QTRY_VERIFY2(
-                FieldPrivate::get(row)->ValueTextBox()->hasFocus(), qPrintable(QString::number(i)));
-            QCOMPARE(FieldPrivate::get(row)->FieldNameControl()->BackColor(),
-                OleColor(SystemColor::Highlight));
-            const QWidget *box = FieldPrivate::get(row)->ValueTextBox()->realizedWidget();
-            const QWidget *view = kwPropertyControlPrivate::get(host.grid)->OuterPicBox()->widget();
-            QVERIFY(view->rect().contains(QRect(box->mapTo(view, QPoint()), box->size())));
+            QTRY_VERIFY2(host.d()->rowEditor().row() == row && host.d()->rowEditor().holdsFocus(),
+                qPrintable(QString::number(i)));
+            QCOMPARE(host.d()->highlighted(), row);
+            const QWidget *box = host.d()->rowEditor().editor();
+            QVERIFY(host.view()->rect().contains(
+                QRect(box->mapTo(host.view(), QPoint()), box->size())));
         }
     }
 };
