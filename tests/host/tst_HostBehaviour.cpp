@@ -149,6 +149,14 @@ private:
     MessageBoxHandler m_previous;
 };
 
+QStringList names(kwPropertyControl *grid)
+{
+    QStringList all;
+    for (Field *field : *grid->Fields())
+        all << field->Name();
+    return all;
+}
+
 } // namespace
 
 class tst_HostBehaviour : public QObject
@@ -214,6 +222,79 @@ private slots:
             "does not ask whether the widget is enabled",
             Continue);
         QCOMPARE(check->Value().toInt(), 1);
+    }
+
+    // A font set on the grid in any of Qt's ways reaches the rows there are and the rows to come.
+    void fontSetOnTheGridReachesEveryRow_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("setFont") << "setFont";
+        QTest::newRow("Font property") << "property";
+        QTest::newRow("from the parent") << "parent";
+    }
+    void fontSetOnTheGridReachesEveryRow()
+    {
+        QFETCH(QString, how);
+        Host host;
+        QVERIFY(host.shown);
+        host.add("Before", ftText, "before");
+        const QFont font(QStringLiteral("DejaVu Serif"), 15);
+        if (how == "setFont")
+            host.grid->setFont(font);
+        else if (how == "property")
+            QVERIFY(host.grid->setProperty("Font", font));
+        else
+            host.window.setFont(font);
+        host.add("After", ftText, "after");
+        host.grid->Refresh(true);
+        QCOMPARE(host.grid->Font(), host.grid->font());
+        for (int row : { 0, 1 }) {
+            host.click(host.editorPoint(row));
+            QVERIFY(QApplication::focusWidget());
+            QCOMPARE(QApplication::focusWidget()->font().family(), font.family());
+            QCOMPARE(QApplication::focusWidget()->font().pointSize(), 15);
+        }
+    }
+
+    // The definition property shows its own fields: a new text takes out the fields the last one
+    // added and leaves the host's fields alone.
+    void definitionPropertyReplacesOnlyItsOwnFields_data()
+    {
+        QTest::addColumn<QString>("second");
+        QTest::addColumn<QStringList>("fields");
+        const QString oneField = QStringLiteral("ADDFIELD B\nTYPE=TEXT\nVALUE=b\nENDFIELD");
+        QTest::newRow("another text") << oneField << QStringList { "Code", "Later", "B" };
+        QTest::newRow("CR LF lines")
+            << QString(oneField).replace("\n", "\r\n") << QStringList { "Code", "Later", "B" };
+        QTest::newRow("empty text") << QString() << QStringList { "Code", "Later" };
+        QTest::newRow("the same name again")
+            << QStringLiteral("ADDFIELD A1\nTYPE=NUMERIC\nVALUE=7\nENDFIELD")
+            << QStringList { "Code", "Later", "A1" };
+    }
+    void definitionPropertyReplacesOnlyItsOwnFields()
+    {
+        QFETCH(QString, second);
+        QFETCH(QStringList, fields);
+        Host host;
+        QVERIFY(host.shown);
+        host.add("Code", ftText, "code");
+        const QString first = QStringLiteral("ADDFIELD A1\nTYPE=TEXT\nVALUE=a1\nENDFIELD\n"
+                                             "ADDFIELD A2\nTYPE=CHECKBOX\nVALUE=1\nENDFIELD");
+        QVERIFY(host.grid->setProperty("definition", first));
+        host.add("Later", ftText, "later");
+        QCOMPARE(names(host.grid), QStringList({ "Code", "A1", "A2", "Later" }));
+        QCOMPARE(host.grid->definition(), first);
+        MessageRecorder messages;
+        host.grid->setDefinition(second);
+        QVERIFY(messages.prompts.isEmpty());
+        QCOMPARE(host.grid->property("definition").toString(), second);
+        QCOMPARE(names(host.grid), fields);
+        // The rows are laid out again: the remaining rows close up, in order.
+        for (int row = 0; row < fields.size(); ++row) {
+            const QString value = host.grid->Fields()->Item(row + 1)->Value().toString();
+            if (host.grid->Fields()->Item(row + 1)->FieldType() == ftText)
+                QCOMPARE(host.textAt(row), value);
+        }
     }
 
     // A check box row's Enabled is stored, but its box keeps taking clicks; other rows refuse.
