@@ -224,7 +224,8 @@ public:
     Q_INVOKABLE void SetFocus();
 
     /*!
-        Sets the scroll bar's range from the rows of the last full layout. With \a Redraw true
+        Sets the scroll bar's range from the rows of the last full layout (a 16-bit number: more
+        than about 32,767 rows are reported as an overflow, error 6). With \a Redraw true
         it first lays the rows out again: one below the other in the order of Fields, hidden
         rows left out, each name cell FieldNameWidth() wide and RowHeight() high with its editor
         beside it; pending events are processed once per row meanwhile. Without \a Redraw only
@@ -252,10 +253,11 @@ public:
     int fieldNameWidthTwips() const;
     //! RowHeight() rounded to whole twips, as the `RowHeight` property shows it.
     int rowHeightTwips() const;
-    //! The row at the top of the view, counted from 0.
+    //! The row at the top of the view, counted from 0: a 16-bit number, as the scroll range is.
     qint16 FirstRow() const;
     //! Scrolls so that \a row (counted from 0) is at the top of the view. The row is not
-    //! checked against the rows there are, and the scroll bar keeps its position.
+    //! checked against the rows there are, and the scroll bar keeps its position until the user
+    //! moves it.
     void setFirstRow(qint16 row);
     //! Makes the name column 1.2 times as wide as the widest name in the grid's font (hidden
     //! fields count; 0 with no field) and lays the rows out again. The grid's width is not
@@ -283,12 +285,16 @@ public:
         \endcode
 
         A block runs from `ADDFIELD name` to `ENDFIELD`, with `KEY=value` lines between (TYPE,
-        VALUE, SIZE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD,
+        VALUE, DESCRIPTION, SIZE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD,
         VALUEFIELD) and a drop-down's entries between `ADDCOMBOITEMS` and `ENDCOMBOITEMS`;
         `FIELDNAMEWIDTH=` and `ROWHEIGHT=` outside a block store those sizes without laying the
-        rows out. Keywords are read in any letter case, every value but VALUE upper-cased, the
-        blanks around a line and every tab ignored, and lines that mean nothing skipped. The
-        main page's \ref definition-language "definition language" lists every key.
+        rows out. Keywords are read in any letter case, every value but VALUE and DESCRIPTION
+        upper-cased, the blanks around a line and every tab ignored, and lines that mean nothing
+        skipped.
+        `DESCRIPTION=` (this library's addition) gives the field its help text, its letter case
+        kept as VALUE's is. A field's VALUE is given before its MIN and MAX, so a slider's VALUE
+        is kept within 0 to 10. The main page's \ref definition-language "definition language"
+        lists every key.
 
         A block without a name or TYPE ("No FieldName or Type Defined!") or with an unknown
         TYPE (titled "Invalid Field Type") is shown in a message box and stays open, so the

@@ -500,7 +500,8 @@ private slots:
         QCOMPARE(host.textAt(1), QStringLiteral("next"));
     }
 
-    // A drop-down raises Changed when its row takes the focus, with no value changed.
+    // A drop-down raises Changed when its row takes the focus, with no value changed, and when
+    // the host sets the entry already chosen.
     void dropDownRaisesChangedOnFocus()
     {
         Host host;
@@ -517,6 +518,9 @@ private slots:
         QVERIFY(!changed.isEmpty());
         QCOMPARE(changed.first().first().value<Field *>(), size);
         QCOMPARE(size->Value().toString(), QStringLiteral("2"));
+        changed.clear();
+        size->setValue("2");
+        QCOMPARE(changed.size(), 1);
     }
 
     // The grid's own input signals are declared and never raised: input belongs to the rows.
@@ -542,6 +546,40 @@ private slots:
         host.type("xy");
         QCOMPARE(text->Value().toString(), QStringLiteral("nxy"));
         QCOMPARE(raised, 0);
+    }
+
+    // A slider's value is given before its limits, while its range is still 0 to 10, so a
+    // definition's VALUE beyond 10 arrives as 10; a host that sets the limits first keeps it.
+    void sliderValueIsTakenBeforeItsRange_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("value");
+        QTest::newRow("definition") << "definition" << 10;
+        QTest::newRow("Fields::Add") << "add" << 10;
+        QTest::newRow("limits first") << "limits first" << 30;
+    }
+    void sliderValueIsTakenBeforeItsRange()
+    {
+        QFETCH(QString, how);
+        QFETCH(int, value);
+        Host host;
+        QVERIFY(host.shown);
+        Field *slider = nullptr;
+        if (how == "definition") {
+            slider = host.grid->AddFieldByDefString(QStringLiteral(
+                "ADDFIELD Timeout\r\nTYPE=SLIDER\r\nMIN=1\r\nMAX=120\r\nVALUE=30\r\nENDFIELD"));
+        } else {
+            slider = host.add("Timeout", ftSlider, how == "add" ? "30" : "");
+            slider->setMin(1);
+            slider->setMax(120);
+            if (how != "add")
+                slider->setValue(30);
+        }
+        QVERIFY(slider);
+        QCOMPARE(slider->Max().toInt(), 120);
+        QCOMPARE(slider->Value().toInt(), value);
+        host.grid->Refresh(true);
+        QCOMPARE(host.textAt(0), QString::number(value));
     }
 
     // A name column that leaves no room for the scroll bar is refused without a word.
