@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Takes docs/designer.png: Qt Designer 6 with the plugin of a build, a form holding the grid, the
-# grid selected, its property editor showing the grid's own properties and the tool tip of
-# FieldNameWidth open. Runs Designer on a private X server, so no display is needed.
+# Takes docs/designer.png: Qt Designer 6 with the plugin of a build, a form holding a grid whose
+# rows come from its definition property, the grid selected, its property editor showing the
+# grid's own properties (the codes by name, the definition last) and the tool tip of
+# FieldNameWidth open over the grid's empty part. Runs Designer on a private X server, so no display is needed.
 # Usage: scripts/designer-screenshot.sh [build folder] [output PNG]
 # The clicks are placed for Designer 6.4 with DejaVu fonts (Debian 12); elsewhere, look at the
 # picture before keeping it.
@@ -123,7 +124,7 @@ for name in '^Qt Designer$' '^Widget Box' '^Object Inspector' '^Resource Browser
     for w in $(xdotool search --name "$name" 2>/dev/null); do xdotool windowmove "$w" 3000 3000; done
 done
 # The property editor ends at the screen's right edge, so the tool tip, too wide to open to the
-# right of the pointer, opens to its left, below the form, and hides no property.
+# right of the pointer, opens to its left, over the form, and hides no property.
 xdotool windowmove "$form" 10 10
 xdotool windowmove "$editor" 520 10
 xdotool windowsize "$editor" 420 410
