@@ -11,9 +11,9 @@
 #include "platform/Control.h"
 #include "platform/Error.h"
 #include "platform/MessageBox.h"
-#include "platform/VScrollBar.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QVector>
 
 #include <cstdio>
@@ -82,9 +82,8 @@ public:
 
     void scrollStep()
     {
-        auto *bar = static_cast<VScrollBar *>(
-            kwPropertyControlPrivate::get(m_grid)->Controls().Item(QStringLiteral("VScroll1")));
-        bar->setValue(bar->Value() + 1 > bar->Max() / 2 ? 0 : bar->Value() + 1);
+        QScrollBar *bar = kwPropertyControlPrivate::get(m_grid)->scrollBar();
+        bar->setValue(bar->value() + 1 > bar->maximum() / 2 ? 0 : bar->value() + 1);
         QCoreApplication::processEvents();
     }
 

@@ -30,8 +30,8 @@ QString kwPropertyControlPlugin::whatsThis() const
 {
     return QStringLiteral(
         "A scrollable two-column property grid: field names on the left, an editor for each "
-        "field's type on the right. Fields come from code or a definition file at run time; "
-        "the appearance is set here.");
+        "field's type on the right. Fields come from the definition property, from code or "
+        "from a definition file; the appearance is set here.");
 }
 
 QString kwPropertyControlPlugin::includeFile() const
@@ -47,19 +47,21 @@ QIcon kwPropertyControlPlugin::icon() const
 QWidget *kwPropertyControlPlugin::createWidget(QWidget *parent)
 {
     auto *grid = new kwPropertyControl(parent);
-    // Designer designs the form: the host is not in run mode, so no Changed is raised.
-    grid->setAmbientUserMode(false);
+    // In Designer the form is being designed, so no Changed is raised; a form that QUiLoader
+    // builds runs.
+    grid->setAmbientUserMode(!m_inFormEditor);
     return grid;
 }
 
-void kwPropertyControlPlugin::initialize(QDesignerFormEditorInterface *)
+void kwPropertyControlPlugin::initialize(QDesignerFormEditorInterface *core)
 {
     m_initialized = true;
+    m_inFormEditor = core != nullptr;
 }
 
 namespace {
 // Designer's property editor shows these as the tool tips of the properties' names, in place of
-// the bare "name (type)": the units and codes that the grid inherited from the original control.
+// the bare "name (type)": what the grid's units and codes mean.
 // A line break starts a new line of the tip.
 struct PropertyToolTip
 {
@@ -78,19 +80,30 @@ const PropertyToolTip propertyToolTips[] = {
         "The text colour of the name cells.\nReset gives back the system window text, which "
         "follows the desktop's palette." },
     { "FieldNameWidth",
-        "The width of the name column, in twips.\n1440 twips to the inch, 15 to a pixel on a "
+        "The width of the name column, in twips (a whole number).\n1440 twips to the inch, 15 to a "
+        "pixel on a "
         "96 dpi screen: 750 is 50 pixels.\nA width that leaves no room for the scroll bar is "
         "refused." },
     { "RowHeight",
-        "The height of every row, in twips.\n1440 twips to the inch, 15 to a pixel on a 96 dpi "
-        "screen: 315 is 21 pixels.\nNeighbouring rows share a border line 15 twips thick." },
-    { "Appearance", "The viewport's border: 0 flat, 1 sunken (the default)." },
-    { "BackStyle", "0 transparent, 1 opaque; the grid only stores and saves it." },
-    { "BorderStyle", "0 none, 1 single; the grid only stores and saves it." },
-    { "ScaleMode", "The coordinate unit: 1, twips, is the one the grid lays out in." },
-    { "Enabled",
-        "A flag the grid only stores and saves; the rows stay enabled.\nQWidget's enabled is the "
-        "one that disables the grid." },
+        "The height of every row, in twips (a whole number).\n1440 twips to the inch, 15 to a "
+        "pixel on a 96 dpi screen: 315 is 21 pixels.\nNeighbouring rows share a border line 15 "
+        "twips thick." },
+    { "appearance",
+        "The viewport's border: Flat (0) or ThreeD (1), a sunken border and the default.\nSaved "
+        "as the number Appearance." },
+    { "backStyle",
+        "Transparent (0) or Opaque (1); the grid only stores and saves it.\nSaved as the number "
+        "BackStyle." },
+    { "borderStyle",
+        "NoBorder (0) or FixedSingle (1); the grid only stores and saves it.\nSaved as the "
+        "number BorderStyle." },
+    { "scaleMode",
+        "The coordinate unit: Twips (1) is the default, and the grid lays out in twips whatever "
+        "it says.\nSaved as the number ScaleMode." },
+    { "definition",
+        "The grid's fields as definition text: ADDFIELD name, TYPE=, VALUE=, DESCRIPTION=, ... "
+        "ENDFIELD.\nThe fields show here as they will when the form runs; fields added from "
+        "code come on top." },
     { "AppPath", "A folder the host keeps with the grid; the grid only stores it." },
 };
 
@@ -122,7 +135,8 @@ QString kwPropertyControlPlugin::domXml() const
   <customwidget>
    <class>%1</class>
    <propertyspecifications>
-%2   </propertyspecifications>
+%2    <stringpropertyspecification name="definition" type="multiline"/>
+   </propertyspecifications>
   </customwidget>
  </customwidgets>
 </ui>

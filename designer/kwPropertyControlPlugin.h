@@ -6,8 +6,9 @@
 namespace kwFieldDeck {
 
 // Offers kwPropertyControl in Qt Designer's widget box. Designer saves the grid's appearance
-// properties in the .ui file; inside Designer the control is being designed, not run, so edits
-// in its rows raise no Changed.
+// properties and its definition in the .ui file; inside Designer the control is being designed,
+// not run, so edits in its rows raise no Changed. QUiLoader uses the plugin too, without a form
+// editor: the grids it builds run.
 class kwPropertyControlPlugin : public QObject, public QDesignerCustomWidgetInterface
 {
     Q_OBJECT
@@ -30,6 +31,7 @@ public:
 
 private:
     bool m_initialized = false;
+    bool m_inFormEditor = false;
 };
 
 } // namespace kwFieldDeck

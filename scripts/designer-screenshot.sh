@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Takes docs/designer.png: Qt Designer 6 with the plugin of a build, a form holding the grid, the
-# grid selected, its property editor showing the grid's own properties and the tool tip of
-# FieldNameWidth open. Runs Designer on a private X server, so no display is needed.
+# Takes docs/designer.png: Qt Designer 6 with the plugin of a build, a form holding a grid whose
+# rows come from its definition property, the grid selected, its property editor showing the
+# grid's own properties (the codes by name, the definition last) and the tool tip of
+# FieldNameWidth open over the grid's empty part. Runs Designer on a private X server, so no display is needed.
 # Usage: scripts/designer-screenshot.sh [build folder] [output PNG]
 # The clicks are placed for Designer 6.4 with DejaVu fonts (Debian 12); elsewhere, look at the
 # picture before keeping it.
@@ -45,7 +46,8 @@ currentMode=1
 [PropertyEditor]
 SplitterPosition=215
 EOF
-# A form as Designer saves it: one grid, two colours picked, the rest left at their defaults.
+# A form as Designer saves it: one grid with rows from its definition, two colours picked, the rest
+# left at their defaults.
 cat >"$work/GridForm.ui" <<'EOF'
 <?xml version="1.0" encoding="UTF-8"?>
 <ui version="4.0">
@@ -57,6 +59,40 @@ cat >"$work/GridForm.ui" <<'EOF'
    <property name="RowHeight"><double>360.000000000000000</double></property>
    <property name="backgroundColor"><color><red>214</red><green>228</green><blue>242</blue></color></property>
    <property name="fieldNameForegroundColor"><color><red>32</red><green>64</green><blue>128</blue></color></property>
+   <property name="definition">
+    <string notr="true">FIELDNAMEWIDTH=1500
+ADDFIELD Server
+TYPE=TEXT
+VALUE=db.example.org
+DESCRIPTION=Name or address of the server
+ENDFIELD
+ADDFIELD Port
+TYPE=NUMERIC
+VALUE=5432
+ENDFIELD
+ADDFIELD Use TLS
+TYPE=CHECKBOX
+VALUE=1
+ENDFIELD
+ADDFIELD Mode
+TYPE=COMBO
+VALUE=2
+ADDCOMBOITEMS
+1=Read only
+2=Read and write
+ENDCOMBOITEMS
+ENDFIELD
+ADDFIELD Retries
+TYPE=SLIDER
+MIN=0
+MAX=10
+VALUE=3
+ENDFIELD
+ADDFIELD Expires
+TYPE=DATE
+VALUE=2030-01-01
+ENDFIELD</string>
+   </property>
   </widget>
  </widget>
  <customwidgets>
@@ -88,7 +124,7 @@ for name in '^Qt Designer$' '^Widget Box' '^Object Inspector' '^Resource Browser
     for w in $(xdotool search --name "$name" 2>/dev/null); do xdotool windowmove "$w" 3000 3000; done
 done
 # The property editor ends at the screen's right edge, so the tool tip, too wide to open to the
-# right of the pointer, opens to its left, below the form, and hides no property.
+# right of the pointer, opens to its left, over the form, and hides no property.
 xdotool windowmove "$form" 10 10
 xdotool windowmove "$editor" 520 10
 xdotool windowsize "$editor" 420 410
@@ -99,9 +135,9 @@ sleep 0.5
 xdotool mousemove --window "$editor" 60 84 click 1 key Left Down Left
 sleep 0.5
 # Rest the pointer at the left end of FieldNameWidth's row until its tool tip opens.
-xdotool mousemove --window "$editor" 10 266
+xdotool mousemove --window "$editor" 10 155
 sleep 0.2
-xdotool mousemove --window "$editor" 8 268
+xdotool mousemove --window "$editor" 8 157
 sleep 2
 import -window root -colors 128 "png8:$out"
 echo "Screenshot: $out ($(stat -c %s "$out") bytes)"

@@ -3,7 +3,8 @@
 # they are all there already (the common case, which then costs one dpkg query).
 set -euo pipefail
 
-packages=(cmake g++ make clang-format qt6-base-dev libqt6sql6-sqlite libgl-dev qt6-tools-dev xvfb xauth
+packages=(cmake g++ make clang-format qt6-base-dev libqt6sql6-sqlite libgl-dev qt6-tools-dev
+          libqt6opengl6-dev xvfb xauth
           fonts-dejavu-core sqlite3)
 [ "${KW_WITH_BENCH:-0}" = 1 ] && packages+=(libbenchmark-dev libwxgtk3.2-dev)
 [ "${KW_WITH_FUZZ:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)

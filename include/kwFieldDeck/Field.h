@@ -105,6 +105,9 @@ public:
         chosen), or the entry's text when a definition gave the entries without keys; otherwise
         it is the chosen entry's text.
 
+        A file or folder field's value is the path last chosen in its dialog or given to
+        setValue(); text the user types into the row's box is shown, but is not the value.
+
         The other types give the value last stored. setValue() stores what it is given; an
         edit of the user, or a setValue() that changed what the editor shows, stores the
         editor's value: text for text, file, folder and memo fields, a double for a number
@@ -121,7 +124,8 @@ public:
         value read as a number (when a definition gave entries without keys: the entry whose
         text is the value, in any letter case); a date field shows a date or a text that reads
         as one (another value is stored only, and a date outside Min() and Max() is reported as
-        error 380); a slider takes the number, rounded to a whole one.
+        error 380); a slider takes the number, rounded to a whole one and kept within its range
+        (0 to 10 until setMin() or setMax() is called, so set the limits first).
 
         When this changes what the editor shows, the editor's value replaces the stored one
         (see Value()), and Changed and kwPropertyControl::Changed are raised as for an edit of
@@ -133,7 +137,8 @@ public:
     //! The lower limit.
     QVariant Min() const;
     //! Stores the lower limit and passes it to a slider (as a whole number) or a date field
-    //! (when it is a date). An enabled text field takes the keyboard focus instead. Default 0.
+    //! (when it is a date). An enabled text field takes the keyboard focus instead, which moves
+    //! the focus away from wherever it was. Default 0.
     void setMin(const QVariant &min);
     //! The upper limit. Default 100, which a new slider does not take: its range is 0 to 10
     //! until setMin() or setMax() is called.
@@ -144,7 +149,11 @@ public:
 
     //! Whether the user can edit the field. Default true.
     bool Enabled() const;
-    //! Enables or disables the name cell and the editor.
+    /*!
+        Enables or disables the row's name cell and its editor, except a check box: its box
+        keeps taking clicks, and only the setting is stored. To lock a check box row, disable
+        the grid (QWidget::setEnabled()) or take the row out.
+    */
     void setEnabled(bool enabled);
     //! Whether the row is shown. Default true.
     bool Visible() const;

@@ -53,7 +53,8 @@ public:
 
         A name already present (compared without regard to letter case) shows the message
         "Field: <Name> already exists in Fields Collection!" and returns null; the rejected
-        field's row stays on the grid.
+        field's row shows below the last row all the same, until the next row added takes its
+        place.
     */
     Field *Add(const QString &Name, lFieldTypes FieldType, qint32 Size = 0,
         const QString &Value = {}, const QString &Description = {});
@@ -71,7 +72,9 @@ public:
         kwPropertyControl::Refresh(true).
     */
     void Remove(const QVariant &vntIndexKey);
-    //! Takes out and hides every field, and lays the grid out again.
+    //! Takes out and hides every field, and lays the grid out again. The scroll position is
+    //! kept, so rows added afterwards show from there on: call
+    //! kwPropertyControl::setFirstRow() with 0 to show them from the top.
     void Clear();
 
     //! The host's collection of drop-down entries; made when first asked for. It belongs to no

@@ -14,8 +14,8 @@
 namespace kwFieldDeck {
 
 /*!
-    Receives every error report of the library: the error's \a number (the numbers hosts of the
-    original control know, such as 5 for an invalid call or 91 for a missing object), its
+    Receives every error report of the library: the error's \a number (the library's fixed error
+    numbers, such as 5 for an invalid call or 91 for a missing object), its
     \a description, and the \a source procedure, such as
     "Sub 'ReadDef' of User Control 'kwPropertyControl'".
 */
@@ -32,8 +32,7 @@ using ErrorReportHandler
 KWFIELDDECK_EXPORT ErrorReportHandler setErrorReportHandler(ErrorReportHandler handler);
 
 /*!
-    The buttons and icon of a message box, added together as the original platform combined
-    them (`Critical + OKOnly`).
+    The buttons and icon of a message box, codes added together (`Critical + OKOnly`).
 */
 namespace MsgBoxStyle {
 constexpr int OKOnly = 0; //!< One OK button.

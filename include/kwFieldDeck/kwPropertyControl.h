@@ -57,18 +57,18 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor DESIGNABLE false)
     //! A text colour that the grid only stores, as an OleColor.
     Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor DESIGNABLE false)
-    //! A flag that the grid only stores and saves; the rows stay enabled.
-    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
-    //! The font of the name cells and editors.
-    Q_PROPERTY(QFont Font READ Font WRITE setFont)
-    //! A back style that the grid only stores (0 transparent, 1 opaque).
-    Q_PROPERTY(int BackStyle READ BackStyle WRITE setBackStyle)
-    //! A border style that the grid only stores (0 none, 1 single).
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
-    //! The coordinate unit; 1 (twips) is the only one the grid lays out in.
-    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE setScaleMode)
-    //! The viewport's border: 0 flat, 1 sunken.
-    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
+    //! A flag that the grid only stores and saves; QWidget's `enabled` is the one that disables.
+    Q_PROPERTY(bool Enabled READ storedEnabled WRITE setStoredEnabled DESIGNABLE false)
+    //! The font of the name cells and editors: QWidget's `font` under the name saved forms use.
+    Q_PROPERTY(QFont Font READ Font WRITE writeFont DESIGNABLE false)
+    //! A back style that the grid only stores, as a number (see backStyle).
+    Q_PROPERTY(int BackStyle READ BackStyle WRITE setBackStyle DESIGNABLE false)
+    //! A border style that the grid only stores, as a number (see borderStyle).
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle DESIGNABLE false)
+    //! The coordinate unit, as a number (see scaleMode).
+    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE setScaleMode DESIGNABLE false)
+    //! The viewport's border, as a number (see appearance).
+    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance DESIGNABLE false)
     //! The background of the name cells, as an OleColor.
     Q_PROPERTY(quint32 FieldNameBackColor READ FieldNameBackColor WRITE setFieldNameBackColor
             DESIGNABLE false)
@@ -82,10 +82,10 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     Q_PROPERTY(QWidget *Parent READ Parent)
     //! A folder the host keeps with the grid; the grid only stores it.
     Q_PROPERTY(QString AppPath READ AppPath WRITE setAppPath)
-    //! The width of the name column, in twips.
-    Q_PROPERTY(double FieldNameWidth READ FieldNameWidth WRITE setFieldNameWidth)
-    //! The height of every row, in twips.
-    Q_PROPERTY(double RowHeight READ RowHeight WRITE setRowHeight)
+    //! The width of the name column, in whole twips.
+    Q_PROPERTY(int FieldNameWidth READ fieldNameWidthTwips WRITE setFieldNameWidth)
+    //! The height of every row, in whole twips.
+    Q_PROPERTY(int RowHeight READ rowHeightTwips WRITE setRowHeight)
     //! The row at the top of the view, counted from 0.
     Q_PROPERTY(int FirstRow READ FirstRow WRITE setFirstRow)
     //! Whether the host runs (true) or designs a form (false); only a running grid raises Changed.
@@ -104,7 +104,50 @@ class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
     //! The text colour of the name cells as it shows on screen; reset gives back the window text.
     Q_PROPERTY(QColor fieldNameForegroundColor READ fieldNameForegroundColor WRITE
             setFieldNameForegroundColor RESET resetFieldNameForegroundColor)
+    // The four codes by name, as Designer's property editor shows them; the numeric properties
+    // above hold the same values for code, for saving and for forms saved before.
+    //! BackStyle by name: a back style that the grid only stores.
+    Q_PROPERTY(BackStyleCode backStyle READ BackStyle WRITE setBackStyle)
+    //! BorderStyle by name: a border style that the grid only stores.
+    Q_PROPERTY(BorderStyleCode borderStyle READ BorderStyle WRITE setBorderStyle)
+    //! ScaleMode by name: the coordinate unit; the grid lays out in twips whatever it says.
+    Q_PROPERTY(ScaleModeCode scaleMode READ ScaleMode WRITE setScaleMode)
+    //! Appearance by name: the viewport's border, flat or sunken.
+    Q_PROPERTY(AppearanceCode appearance READ Appearance WRITE setAppearance)
+    //! The definition text whose fields the grid shows; Designer edits it as lines of text.
+    Q_PROPERTY(QString definition READ definition WRITE setDefinition)
 public:
+    //! The codes of BackStyle(), which the grid only stores.
+    enum BackStyleCode : int {
+        Transparent = 0, //!< The default.
+        Opaque = 1,
+    };
+    Q_ENUM(BackStyleCode)
+    //! The codes of BorderStyle(), which the grid only stores.
+    enum BorderStyleCode : int {
+        NoBorder = 0, //!< The default.
+        FixedSingle = 1, //!< A single line.
+    };
+    Q_ENUM(BorderStyleCode)
+    //! The codes of ScaleMode(); every size of the grid is in twips whatever the code.
+    enum ScaleModeCode : int {
+        UserScale = 0, //!< Units of the host's own choosing.
+        Twips = 1, //!< 1440 to the inch; the default and the grid's unit.
+        Points = 2, //!< 72 to the inch.
+        Pixels = 3, //!< Pixels of the screen.
+        Characters = 4, //!< 120 twips across and 240 down.
+        Inches = 5,
+        Millimeters = 6,
+        Centimeters = 7,
+    };
+    Q_ENUM(ScaleModeCode)
+    //! The codes of Appearance().
+    enum AppearanceCode : int {
+        Flat = 0, //!< A flat viewport without a border.
+        ThreeD = 1, //!< A sunken border round the viewport; the default.
+    };
+    Q_ENUM(AppearanceCode)
+
     //! An empty grid, a child of \a parent, with the properties of a new instance.
     explicit kwPropertyControl(QWidget *parent = nullptr);
     ~kwPropertyControl() override;
@@ -119,34 +162,36 @@ public:
     OleColor ForeColor() const;
     //! Stores a text colour.
     void setForeColor(OleColor color);
-    //! A flag the grid stores and saves, without using it. Default false.
-    bool Enabled() const;
     /*!
-        Stores the flag. This hides QWidget::setEnabled() on purpose: the grid's Enabled never
-        disables the rows; use Field::setEnabled() for that.
+        A flag the grid stores and saves as its `Enabled` property, without using it. Default
+        false, on a grid that is enabled all the same. QWidget::setEnabled() and isEnabled() are
+        the ones that enable and disable the grid and its rows, as for every widget.
     */
-    void setEnabled(bool enabled);
-    //! The font of the name cells and editors. Default the font of the grid's parent when the
-    //! grid was made (the application's font without a parent).
+    bool storedEnabled() const;
+    //! Stores the flag; nothing on screen changes.
+    void setStoredEnabled(bool enabled);
+    /*!
+        The font of the name cells and editors, which is the widget's font(). Default the font of
+        the grid's parent when the grid was made (the application's font without a parent).
+        QWidget::setFont(), a font that the grid's parent passes on, or the `Font` property
+        changes it for every row and the rows to come.
+    */
     QFont Font() const;
-    //! Sets the font of the grid, of every row and of the rows to come. This hides
-    //! QWidget::setFont() on purpose.
-    void setFont(const QFont &font);
-    //! A back style the grid stores and saves (0 transparent, 1 opaque). Default 0.
-    qint16 BackStyle() const;
-    //! Stores a back style.
+    //! A back style the grid stores and saves. Default Transparent.
+    BackStyleCode BackStyle() const;
+    //! Stores a back style (any number, not only the named codes).
     void setBackStyle(qint16 style);
-    //! A border style the grid stores and saves (0 none, 1 single). Default 0.
-    qint16 BorderStyle() const;
-    //! Stores a border style.
+    //! A border style the grid stores and saves. Default NoBorder.
+    BorderStyleCode BorderStyle() const;
+    //! Stores a border style (any number, not only the named codes).
     void setBorderStyle(qint16 style);
-    //! The coordinate unit. Default 1, twips, the unit every size of the grid is in.
-    qint16 ScaleMode() const;
+    //! The coordinate unit. Default Twips, the unit every size of the grid is in.
+    ScaleModeCode ScaleMode() const;
     //! Stores a coordinate unit; the grid keeps laying out in twips, and its next repaint sets
     //! the unit back to 1.
     void setScaleMode(qint16 mode);
-    //! The viewport's border: 0 flat, 1 sunken (the default).
-    qint16 Appearance() const;
+    //! The viewport's border: Flat or ThreeD (sunken, the default).
+    AppearanceCode Appearance() const;
     //! Sets the viewport's border: 0 flat, 1 sunken; another value is reported as error 380.
     void setAppearance(qint16 appearance);
     //! The background of the name cells. Default the window background (`0x80000005`).
@@ -179,7 +224,8 @@ public:
     Q_INVOKABLE void SetFocus();
 
     /*!
-        Sets the scroll bar's range from the rows of the last full layout. With \a Redraw true
+        Sets the scroll bar's range from the rows of the last full layout (a 16-bit number: more
+        than about 32,767 rows are reported as an overflow, error 6). With \a Redraw true
         it first lays the rows out again: one below the other in the order of Fields, hidden
         rows left out, each name cell FieldNameWidth() wide and RowHeight() high with its editor
         beside it; pending events are processed once per row meanwhile. Without \a Redraw only
@@ -203,10 +249,15 @@ public:
     //! Sets the height of every row, in twips. Scrolling uses it at once; the rows take it at
     //! the next Refresh(true), and editors made before keep their heights.
     void setRowHeight(float height);
-    //! The row at the top of the view, counted from 0.
+    //! FieldNameWidth() rounded to whole twips, as the `FieldNameWidth` property shows it.
+    int fieldNameWidthTwips() const;
+    //! RowHeight() rounded to whole twips, as the `RowHeight` property shows it.
+    int rowHeightTwips() const;
+    //! The row at the top of the view, counted from 0: a 16-bit number, as the scroll range is.
     qint16 FirstRow() const;
     //! Scrolls so that \a row (counted from 0) is at the top of the view. The row is not
-    //! checked against the rows there are, and the scroll bar keeps its position.
+    //! checked against the rows there are, and the scroll bar keeps its position until the user
+    //! moves it.
     void setFirstRow(qint16 row);
     //! Makes the name column 1.2 times as wide as the widest name in the grid's font (hidden
     //! fields count; 0 with no field) and lays the rows out again. The grid's width is not
@@ -234,12 +285,16 @@ public:
         \endcode
 
         A block runs from `ADDFIELD name` to `ENDFIELD`, with `KEY=value` lines between (TYPE,
-        VALUE, SIZE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD,
+        VALUE, DESCRIPTION, SIZE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD,
         VALUEFIELD) and a drop-down's entries between `ADDCOMBOITEMS` and `ENDCOMBOITEMS`;
         `FIELDNAMEWIDTH=` and `ROWHEIGHT=` outside a block store those sizes without laying the
-        rows out. Keywords are read in any letter case, every value but VALUE upper-cased, the
-        blanks around a line and every tab ignored, and lines that mean nothing skipped. The
-        main page's \ref definition-language "definition language" lists every key.
+        rows out. Keywords are read in any letter case, every value but VALUE and DESCRIPTION
+        upper-cased, the blanks around a line and every tab ignored, and lines that mean nothing
+        skipped.
+        `DESCRIPTION=` (this library's addition) gives the field its help text, its letter case
+        kept as VALUE's is. A field's VALUE is given before its MIN and MAX, so a slider's VALUE
+        is kept within 0 to 10. The main page's \ref definition-language "definition language"
+        lists every key.
 
         A block without a name or TYPE ("No FieldName or Type Defined!") or with an unknown
         TYPE (titled "Invalid Field Type") is shown in a message box and stays open, so the
@@ -267,6 +322,17 @@ public:
         "File Format Does not Match!" and adds nothing.
     */
     void LoadDefFile(const QString &FileName);
+    //! The text last given to setDefinition(), as it was given; empty at first.
+    QString definition() const;
+    /*!
+        Shows the fields of the definition text \a text, the `definition` property that Designer
+        edits and a `.ui` file keeps: the fields that the previous text added are taken out
+        (Fields::Remove()), \a text is read with ReadDef(), its lines separated by LF or CR LF,
+        and the rows are laid out again. Fields added in any other way stay as they are. The
+        messages and reports are those of ReadDef(); a row that a duplicate name left on the
+        grid stays there (see Fields::Add()).
+    */
+    void setDefinition(const QString &text);
     /*!
         Saves the values of all fields as one text in the per-user settings store, under the
         application \a AppName, the section \a Section and the key \a Setting: a line
@@ -342,7 +408,7 @@ public:
     void resetFieldNameForegroundColor();
 
 signals:
-    //! Declared for hosts of the original control; never raised, since input belongs to the rows.
+    //! Declared for hosts that connect to it; never raised, since input belongs to the rows.
     void Click();
     //! Declared for hosts; never raised.
     void DblClick();
@@ -371,8 +437,12 @@ signals:
 protected:
     //! Moves the focus through the rows; the row the focus goes to is made ready first.
     bool focusNextPrevChild(bool next) override;
+    //! Passes a new font on to every row.
+    void changeEvent(QEvent *event) override;
 
 private:
+    // The Font property's writer: QWidget::setFont() under the name that saved forms use.
+    void writeFont(const QFont &font);
     Q_DECLARE_PRIVATE(kwPropertyControl)
     const std::unique_ptr<kwPropertyControlPrivate> d_ptr;
 };

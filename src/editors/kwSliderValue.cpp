@@ -136,6 +136,10 @@ bool kwSliderValue::eventFilter(QObject *watched, QEvent *event)
         emit HasFocus();
     } else if (watched == txtNum && event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
+        // The box takes digits only: pasting, copying and cutting are refused too.
+        if (key->matches(QKeySequence::Paste) || key->matches(QKeySequence::Copy)
+            || key->matches(QKeySequence::Cut))
+            return true;
         const bool command = key->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
         if (!command && txtNum_KeyPress(key->text()))
             return true;

@@ -93,11 +93,13 @@ QString InitialFolder(const QString &initDir)
     return FileSystem::FolderExists(initDir) ? FileSystem::resolvePath(initDir) : initDir;
 }
 
-// The keys of one field block. All values but VALUE are kept upper-cased.
+// The keys of one field block. All values but VALUE and DESCRIPTION are kept upper-cased.
 struct BlockKeys
 {
     QString TYPE, MIN, MAX, ENABLED, TITLE, INITDIR, FILTER, DB, TABLE, LISTFIELD, VALUEFIELD;
     QString VALUE;
+    // This library's own key: the field's help text, which the language otherwise leaves empty.
+    QString DESCRIPTION;
     qint32 SIZE = 0;
 };
 
@@ -220,6 +222,10 @@ bool DefinitionReader::ReadKey(const QString &line)
         m_Keys.VALUE = TrimBlanks(Piece(line, QStringLiteral("="), 2));
         return true;
     }
+    if (key == QLatin1String("DESCRIPTION")) {
+        m_Keys.DESCRIPTION = TrimBlanks(Piece(line, QStringLiteral("="), 2));
+        return true;
+    }
     return false;
 }
 
@@ -268,8 +274,8 @@ void DefinitionReader::CompleteBlock()
         return;
     }
 
-    Field *field
-        = m_Fields.Add(m_FieldName, lFieldTypes(type), m_Keys.SIZE, m_Keys.VALUE, QString());
+    Field *field = m_Fields.Add(
+        m_FieldName, lFieldTypes(type), m_Keys.SIZE, m_Keys.VALUE, m_Keys.DESCRIPTION);
     m_LastAddedField = field;
     const QString &enabled = m_Keys.ENABLED;
     if (!enabled.isEmpty() && enabled != QLatin1String("TRUE") && enabled != QLatin1String("1"))

@@ -135,15 +135,22 @@ bool GridView::forwardMouse(QMouseEvent *event)
     QWidget *target = m_mouseTarget;
     if (!target)
         return false;
+    // A press that the part passes back up (a disabled part does) ends here.
+    if (m_forwarding || !target->isEnabled())
+        return true;
+    m_forwarding = true;
     const QPointF local = target->mapFrom(this, event->position());
     QMouseEvent forwarded(event->type(), local, event->globalPosition(), event->button(),
         event->buttons(), event->modifiers());
     QApplication::sendEvent(target, &forwarded);
+    m_forwarding = false;
     return true;
 }
 
 void GridView::mousePressEvent(QMouseEvent *event)
 {
+    if (m_forwarding)
+        return;
     m_mouseTarget = nullptr;
     const qsizetype row = rowAt(event->position().toPoint());
     if (row < 0 || event->button() != Qt::LeftButton) {

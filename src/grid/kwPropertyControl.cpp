@@ -8,6 +8,7 @@
 #include "platform/PropertyBag.h"
 #include "platform/Values.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 namespace kwFieldDeck {
@@ -53,49 +54,55 @@ void kwPropertyControl::setForeColor(OleColor color)
 {
     d_func()->setForeColor(color);
 }
-bool kwPropertyControl::Enabled() const
+bool kwPropertyControl::storedEnabled() const
 {
     return d_func()->m_Enabled;
 }
-void kwPropertyControl::setEnabled(bool enabled)
+void kwPropertyControl::setStoredEnabled(bool enabled)
 {
-    d_func()->setEnabled(enabled);
+    d_func()->setStoredEnabled(enabled);
 }
 QFont kwPropertyControl::Font() const
 {
-    return d_func()->m_Font;
+    return font();
 }
-void kwPropertyControl::setFont(const QFont &font)
+void kwPropertyControl::writeFont(const QFont &font)
 {
-    d_func()->setFont(font);
+    setFont(font);
 }
-qint16 kwPropertyControl::BackStyle() const
+void kwPropertyControl::changeEvent(QEvent *event)
 {
-    return d_func()->m_BackStyle;
+    if (event->type() == QEvent::FontChange)
+        d_func()->widgetFontChanged();
+    QWidget::changeEvent(event);
+}
+kwPropertyControl::BackStyleCode kwPropertyControl::BackStyle() const
+{
+    return BackStyleCode(d_func()->m_BackStyle);
 }
 void kwPropertyControl::setBackStyle(qint16 style)
 {
     d_func()->setBackStyle(style);
 }
-qint16 kwPropertyControl::BorderStyle() const
+kwPropertyControl::BorderStyleCode kwPropertyControl::BorderStyle() const
 {
-    return d_func()->m_BorderStyle;
+    return BorderStyleCode(d_func()->m_BorderStyle);
 }
 void kwPropertyControl::setBorderStyle(qint16 style)
 {
     d_func()->setBorderStyle(style);
 }
-qint16 kwPropertyControl::ScaleMode() const
+kwPropertyControl::ScaleModeCode kwPropertyControl::ScaleMode() const
 {
-    return d_func()->ScaleMode();
+    return ScaleModeCode(d_func()->ScaleMode());
 }
 void kwPropertyControl::setScaleMode(qint16 mode)
 {
     d_func()->setScaleMode(mode);
 }
-qint16 kwPropertyControl::Appearance() const
+kwPropertyControl::AppearanceCode kwPropertyControl::Appearance() const
 {
-    return d_func()->Appearance();
+    return AppearanceCode(d_func()->Appearance());
 }
 void kwPropertyControl::setAppearance(qint16 appearance)
 {
@@ -169,6 +176,14 @@ void kwPropertyControl::setRowHeight(float height)
 {
     d_func()->setRowHeight(height);
 }
+int kwPropertyControl::fieldNameWidthTwips() const
+{
+    return qRound(d_func()->m_FieldNameWidth);
+}
+int kwPropertyControl::rowHeightTwips() const
+{
+    return qRound(d_func()->m_RowHeight);
+}
 qint16 kwPropertyControl::FirstRow() const
 {
     return d_func()->m_FirstRow;
@@ -200,6 +215,14 @@ Field *kwPropertyControl::AddFieldByDefString(const QString &DefString)
 void kwPropertyControl::LoadDefFile(const QString &FileName)
 {
     d_func()->LoadDefFile(FileName);
+}
+QString kwPropertyControl::definition() const
+{
+    return d_func()->m_Definition;
+}
+void kwPropertyControl::setDefinition(const QString &text)
+{
+    d_func()->setDefinition(text);
 }
 void kwPropertyControl::SaveValuesToRegistry(
     const QString &AppName, const QString &Section, const QString &Setting)
@@ -267,28 +290,52 @@ void kwPropertyControlPrivate::setForeColor(OleColor color)
     propertyChanged(QStringLiteral("ForeColor"));
 }
 
-void kwPropertyControlPrivate::setEnabled(bool enabled)
+void kwPropertyControlPrivate::setStoredEnabled(bool enabled)
 {
     m_Enabled = enabled;
     propertyChanged(QStringLiteral("Enabled"));
 }
 
-void kwPropertyControlPrivate::setFont(const QFont &font)
+// The grid's Font is its widget's font, so whatever sets that font reaches every row.
+void kwPropertyControlPrivate::widgetFontChanged()
 {
+    if (q_ptr->font() == m_Font)
+        return;
     trap("Property 'Font' of User Control 'kwPropertyControl'", [&] {
-        applyFont(font);
+        applyFont();
         propertyChanged(QStringLiteral("Font"));
     });
 }
 
 // Every row shows the grid's font, the live editor too.
-void kwPropertyControlPrivate::applyFont(const QFont &font)
+void kwPropertyControlPrivate::applyFont()
 {
-    m_Font = font;
-    q_ptr->QWidget::setFont(font);
+    m_Font = q_ptr->font();
     if (QWidget *editor = m_rowEditor.editor())
-        editor->setFont(font);
+        editor->setFont(m_Font);
     picOuter->update();
+}
+
+// The fields the previous text added go, as long as the collection still holds them under their
+// names; a field the host took out or replaced is left alone.
+void kwPropertyControlPrivate::setDefinition(const QString &text)
+{
+    trap("Property 'definition' of User Control 'kwPropertyControl'", [&] {
+        const KeyedCollection<Field> &fields = FieldsPrivate::get(m_Fields)->m_fields;
+        for (const QPointer<Field> &field : std::as_const(m_DefinitionFields)) {
+            if (field && fields.contains(field->Name()) && m_Fields->Item(field->Name()) == field)
+                m_Fields->Remove(field->Name());
+        }
+        m_DefinitionFields.clear();
+        m_Definition = text;
+        const int before = m_Fields->Count();
+        QString lines = text;
+        lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        ReadDef(lines.replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+        for (int position = before + 1; position <= m_Fields->Count(); ++position)
+            m_DefinitionFields.append(m_Fields->Item(position));
+        Refresh(true);
+    });
 }
 
 void kwPropertyControlPrivate::setBackStyle(qint16 style)
@@ -387,7 +434,8 @@ void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
         m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(DefaultForeColor)));
         m_Enabled = toBool(PropBag.ReadProperty("Enabled", false));
         const QVariant font = PropBag.ReadProperty("Font", ambientFont());
-        applyFont(font.canConvert<QFont>() ? font.value<QFont>() : ambientFont());
+        q_ptr->QWidget::setFont(font.canConvert<QFont>() ? font.value<QFont>() : ambientFont());
+        applyFont();
         m_BackStyle = toInt16(PropBag.ReadProperty("BackStyle", qint16(0)));
         m_BorderStyle = toInt16(PropBag.ReadProperty("BorderStyle", qint16(0)));
         m_FieldNameWidth = float(toDouble(PropBag.ReadProperty("FieldNameWidth", 750.0f)));

@@ -89,6 +89,11 @@ void kwPropertyControlPrivate::Refresh(bool Redraw)
         m_canvasHeight = top;
         m_VisibleRowCount = qint32(m_laidRows.size());
         CalcSlider();
+        // A live editor whose row the layout left out (a refused field's) goes with it.
+        if (Field *live = m_rowEditor.row(); live
+            && !rowsBetween(m_canvas.at(rowOf(live)).top, m_canvas.at(rowOf(live)).top)
+                    .contains(rowOf(live)))
+            m_rowEditor.release();
         m_rowEditor.place();
         picOuter->update();
         m_Busy = false;

@@ -55,9 +55,10 @@ public:
     OleColor BackColor() const { return m_BackColor; }
     void setBackColor(OleColor color);
     void setForeColor(OleColor color);
-    void setEnabled(bool enabled);
+    void setStoredEnabled(bool enabled);
     QFont Font() const override { return m_Font; }
-    void setFont(const QFont &font);
+    // The widget's font changed (QWidget::setFont, the parent, the Font property).
+    void widgetFontChanged();
     void setBackStyle(qint16 style);
     void setBorderStyle(qint16 style);
     qint16 ScaleMode() const;
@@ -79,6 +80,7 @@ public:
     void ReadDef(const QString &DefString);
     Field *AddFieldByDefString(const QString &DefString);
     void LoadDefFile(const QString &FileName);
+    void setDefinition(const QString &text);
     void SaveValuesToRegistry(
         const QString &AppName, const QString &Section, const QString &Setting);
     void GetValuesFromRegistry(
@@ -147,6 +149,9 @@ public:
     qint16 m_FirstRow = 0;
     QPointer<QObject> m_DescriptionLabel;
     QString m_AppPath;
+    // The definition property's text and the fields it added.
+    QString m_Definition;
+    QVector<QPointer<Field>> m_DefinitionFields;
 
 protected:
     void UserControl_InitProperties() override;
@@ -163,7 +168,7 @@ public:
 private:
     void VScroll1_Change();
     void VScroll1_Scroll();
-    void applyFont(const QFont &font);
+    void applyFont();
     void applyColors();
     void applyAppearance(qint16 appearance);
     void moveCanvas(float top);

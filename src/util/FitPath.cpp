@@ -1,6 +1,5 @@
 #include "util/FitPath.h"
 
-
 #include <QFontMetrics>
 
 namespace kwFieldDeck {

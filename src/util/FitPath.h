@@ -10,5 +10,4 @@ namespace kwFieldDeck {
 // wider than the width.
 QString FitPath(const QFont &font, int widthPixels, const QString &path);
 
-
 } // namespace kwFieldDeck

@@ -112,6 +112,12 @@ private slots:
             = " Not Valid  Must be "
               "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
         QTest::newRow("clean") << crLf(ThreeFields) << QStringList();
+        // Read as drop-down entries, the two DESCRIPTION lines would be one key twice.
+        QTest::newRow("DESCRIPTION keys")
+            << crLf("Property Control Definition File\nDESCRIPTION=outside\n"
+                    "ADDFIELD Size\nTYPE=COMBO\nDESCRIPTION=How big\nADDCOMBOITEMS\n1=Small\n"
+                    "DESCRIPTION=Pick one\nDESCRIPTION=Pick one size\nENDCOMBOITEMS\nENDFIELD\n")
+            << QStringList();
         // Port stays open after its bad type and is completed by the second ENDFIELD; Host stays
         // open without a type and takes Colour's keys; the overflow sits between two blocks and
         // ends the reading, so Never is not read.

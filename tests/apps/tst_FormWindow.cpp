@@ -1,5 +1,7 @@
 // The form window where no run of the program can click: the user's answer, the row description.
 
+#include "DefinitionFile.h"
+#include "FormMessages.h"
 #include "FormWindow.h"
 
 #include <kwFieldDeck/Field>
@@ -65,6 +67,30 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QTRY_COMPARE(window.descriptionLabel()->text(), QStringLiteral("About row 1"));
         QVERIFY(window.descriptionLabel()->geometry().top() >= window.grid()->geometry().bottom());
+    }
+
+    // Each shipped definition gives its rows help texts, and the window opens with the first
+    // row's text in its description line, as --screenshot shows it.
+    void theExamplesShowTheirHelpTexts_data()
+    {
+        QTest::addColumn<QString>("definition");
+        for (const char *name : { "showcase.kwdef", "connection.kwdef" })
+            QTest::newRow(name) << qEnvironmentVariable("KW_EXAMPLES_DIR") + '/' + name;
+    }
+    void theExamplesShowTheirHelpTexts()
+    {
+        QFETCH(QString, definition);
+        FormMessages messages(true);
+        FormWindow window;
+        QCOMPARE(loadDefinitionFile(*window.grid(), definition, messages), QString());
+        QVERIFY(messages.messages().isEmpty());
+        for (Field *field : *window.grid()->Fields())
+            QVERIFY2(!field->Description().isEmpty(), qPrintable(field->Name()));
+        window.fitToFields();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTRY_COMPARE(
+            window.descriptionLabel()->text(), window.grid()->Fields()->Item(1)->Description());
     }
 };
 

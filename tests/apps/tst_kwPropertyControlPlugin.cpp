@@ -3,15 +3,34 @@
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/kwPropertyControl>
 
+#include <kwFieldDeck/Field>
+
 #include "ui_GridColorsForm.h"
+#include "ui_GridDefinitionForm.h"
 #include "ui_GridForm.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QMetaEnum>
 #include <QMetaProperty>
 #include <QPluginLoader>
+#include <QSignalSpy>
+#ifdef KW_WITH_UI_LOADER
+#include <QUiLoader>
+#endif
 #include <QXmlStreamReader>
 #include <QtTest>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
+
+namespace {
+QStringList fieldNames(kwFieldDeck::kwPropertyControl *grid)
+{
+    QStringList names;
+    for (kwFieldDeck::Field *field : *grid->Fields())
+        names << field->Name();
+    return names;
+}
+} // namespace
 
 using namespace kwFieldDeck;
 
@@ -48,23 +67,33 @@ private slots:
         QCOMPARE(xml.attributes().value("class").toString(), m_plugin->name());
     }
 
-    // In design mode the grid raises no Changed (the grid's typing test checks that mode).
-    void createsTheGridInDesignMode()
+    // Without Designer's form editor (QUiLoader's way of using the plugin) the grid runs and
+    // raises Changed; Designer initializes the plugin with its form editor, and its grids are
+    // designed.
+    void createsARunningGridOutsideDesigner()
     {
         QWidget form;
         auto *grid = qobject_cast<kwPropertyControl *>(m_plugin->createWidget(&form));
         QVERIFY(grid);
-        QVERIFY(!grid->ambientUserMode());
+        QVERIFY(grid->ambientUserMode());
     }
 
     void appearancePropertiesAreDesignableAndReadFromUiFiles()
     {
         const QMetaObject &meta = kwPropertyControl::staticMetaObject;
-        for (const char *name :
-            { "backgroundColor", "fieldNameBackgroundColor", "fieldNameForegroundColor",
-                "RowHeight", "FieldNameWidth", "Appearance", "Font" }) {
+        for (const char *name : { "backgroundColor", "fieldNameBackgroundColor",
+                 "fieldNameForegroundColor", "RowHeight", "FieldNameWidth", "appearance",
+                 "backStyle", "borderStyle", "scaleMode", "definition" }) {
             const QMetaProperty property = meta.property(meta.indexOfProperty(name));
             QVERIFY2(property.isDesignable() && property.isStored() && property.isWritable(), name);
+        }
+        // Kept for code and for forms saved before, not shown twice: QWidget's enabled and font
+        // are the ones Designer shows, the codes show by name.
+        for (const char *name :
+            { "Enabled", "Font", "Appearance", "BackStyle", "BorderStyle", "ScaleMode" }) {
+            const QMetaProperty property = meta.property(meta.indexOfProperty(name));
+            QVERIFY2(
+                !property.isDesignable() && property.isStored() && property.isWritable(), name);
         }
         // A .ui file as Designer saves it, compiled by uic into this test.
         QWidget form;
@@ -238,8 +267,11 @@ private slots:
             QStringLiteral("15 to a pixel") };
         QTest::newRow("FieldNameWidth") << QStringLiteral("FieldNameWidth") << twips;
         QTest::newRow("RowHeight") << QStringLiteral("RowHeight") << twips;
-        QTest::newRow("Appearance")
-            << QStringLiteral("Appearance") << QStringList { QStringLiteral("0 flat, 1 sunken") };
+        QTest::newRow("appearance") << QStringLiteral("appearance")
+                                    << QStringList { QStringLiteral("Flat (0)"),
+                                           QStringLiteral("ThreeD (1)"), QStringLiteral("sunken") };
+        QTest::newRow("scaleMode")
+            << QStringLiteral("scaleMode") << QStringList { QStringLiteral("Twips (1)") };
         QTest::newRow("backgroundColor")
             << QStringLiteral("backgroundColor") << QStringList { QStringLiteral("Reset") };
     }
@@ -250,6 +282,105 @@ private slots:
         const QString tip = propertyToolTips().value(property);
         for (const QString &mention : mentions)
             QVERIFY2(tip.contains(mention), qPrintable(property + QStringLiteral(": ") + tip));
+    }
+
+    // Designer shows each code by name; the name and the saved number are one value.
+    void codeShowsByNameAndSavesItsNumber_data()
+    {
+        QTest::addColumn<QByteArray>("named");
+        QTest::addColumn<QByteArray>("numeric");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<int>("initial");
+        QTest::newRow("BackStyle") << QByteArray("backStyle") << QByteArray("BackStyle")
+                                   << QStringList { "Transparent", "Opaque" } << 0;
+        QTest::newRow("BorderStyle") << QByteArray("borderStyle") << QByteArray("BorderStyle")
+                                     << QStringList { "NoBorder", "FixedSingle" } << 0;
+        QTest::newRow("ScaleMode") << QByteArray("scaleMode") << QByteArray("ScaleMode")
+                                   << QStringList { "UserScale", "Twips", "Points", "Pixels",
+                                          "Characters", "Inches", "Millimeters", "Centimeters" }
+                                   << 1;
+        QTest::newRow("Appearance") << QByteArray("appearance") << QByteArray("Appearance")
+                                    << QStringList { "Flat", "ThreeD" } << 1;
+    }
+    void codeShowsByNameAndSavesItsNumber()
+    {
+        QFETCH(QByteArray, named);
+        QFETCH(QByteArray, numeric);
+        QFETCH(QStringList, keys);
+        QFETCH(int, initial);
+        const QMetaObject &meta = kwPropertyControl::staticMetaObject;
+        const QMetaProperty property = meta.property(meta.indexOfProperty(named));
+        QVERIFY(property.isEnumType());
+        const QMetaEnum codes = property.enumerator();
+        QCOMPARE(codes.keyCount(), keys.size());
+        // Each name stands for its position in the list: the number saved forms hold.
+        for (int value = 0; value < keys.size(); ++value)
+            QCOMPARE(QString::fromLatin1(codes.valueToKey(value)), keys.at(value));
+        kwPropertyControl grid;
+        QCOMPARE(
+            QString::fromLatin1(codes.valueToKey(grid.property(named).toInt())), keys.at(initial));
+        for (int value = keys.size() - 1; value >= 0; --value) {
+            QVERIFY(grid.setProperty(named, keys.at(value)));
+            QCOMPARE(grid.property(numeric).toInt(), value);
+            QVERIFY(grid.setProperty(numeric, value));
+            QCOMPARE(grid.property(named).toInt(), value);
+        }
+    }
+
+    // The twip sizes are whole numbers in Designer; code keeps their fractions.
+    void twipSizesShowAsWholeNumbers()
+    {
+        const QMetaObject &meta = kwPropertyControl::staticMetaObject;
+        for (const char *name : { "FieldNameWidth", "RowHeight" })
+            QCOMPARE(
+                meta.property(meta.indexOfProperty(name)).metaType(), QMetaType::fromType<int>());
+        kwPropertyControl grid;
+        grid.resize(400, 200);
+        grid.setRowHeight(330.6f);
+        QCOMPARE(grid.property("RowHeight"), QVariant(331));
+        QCOMPARE(grid.RowHeight(), 330.6f);
+        QVERIFY(grid.setProperty("FieldNameWidth", 1200));
+        QCOMPARE(grid.FieldNameWidth(), 1200.0f);
+    }
+
+    // A form whose grid has a definition, compiled by uic, shows its rows with no code.
+    void uicFormShowsTheDefinitionsRows()
+    {
+        QWidget form;
+        Ui::GridDefinitionForm ui;
+        ui.setupUi(&form);
+        kwPropertyControl *grid = ui.propertyControl;
+        QCOMPARE(fieldNames(grid), QStringList({ "Server", "Mode" }));
+        QCOMPARE(grid->Fields()->Item("Server")->Description(),
+            QStringLiteral("Name or address of the server"));
+        QCOMPARE(grid->Fields()->Item("Mode")->Value().toString(), QStringLiteral("2"));
+        QCOMPARE(grid->FieldNameWidth(), 1500.0f);
+        QVERIFY(grid->definition().startsWith(QLatin1String("FIELDNAMEWIDTH=1500\nADDFIELD")));
+    }
+
+    // The same form loaded at run time through QUiLoader, which finds the grid through the
+    // plugin: the rows are there and edits raise Changed.
+    void uiLoaderFormShowsTheDefinitionsRows()
+    {
+#ifndef KW_WITH_UI_LOADER
+        QSKIP("Qt's UiTools are not installed (scripts/install-deps.sh installs them)");
+#else
+        QUiLoader loader;
+        loader.clearPluginPaths();
+        loader.addPluginPath(QFileInfo(KW_DESIGNER_PLUGIN).absolutePath());
+        QVERIFY(loader.availableWidgets().contains(m_plugin->name()));
+        QFile ui(QStringLiteral(KW_SOURCE_DIR "/GridDefinitionForm.ui"));
+        QVERIFY(ui.open(QIODevice::ReadOnly));
+        std::unique_ptr<QWidget> form(loader.load(&ui));
+        QVERIFY2(form, qPrintable(loader.errorString()));
+        auto *grid = form->findChild<kwPropertyControl *>(QStringLiteral("propertyControl"));
+        QVERIFY(grid);
+        QCOMPARE(fieldNames(grid), QStringList({ "Server", "Mode" }));
+        QVERIFY(grid->ambientUserMode());
+        QSignalSpy changed(grid, &kwPropertyControl::Changed);
+        grid->Fields()->Item("Server")->setValue("other.example.org");
+        QCOMPARE(changed.size(), 1);
+#endif
     }
 
     // Designer has no editor for an object reference and warns each time it meets one, so no

@@ -12,7 +12,6 @@
 #include "platform/ClassFactory.h"
 #include "platform/Control.h"
 #include "platform/MessageBox.h"
-#include "platform/TextBox.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -67,17 +66,19 @@ public:
     // (an error that was reported) has no row.
     void checkRowsStack() const
     {
-        const TextBox *above = nullptr;
+        const auto *d = kwPropertyControlPrivate::get(grid);
+        const CanvasRow *above = nullptr;
         for (Field *field : *grid->Fields()) {
-            const TextBox *label = FieldPrivate::get(field)->FieldNameControl();
-            if (!label)
+            const qsizetype at = d->rowOf(field);
+            if (at < 0)
                 continue;
+            const CanvasRow &row = d->canvasRows().at(at);
             if (above) {
-                const double expected = double(above->Top()) + above->Height() - 15;
-                expect(std::fabs(label->Top() - expected) <= std::fabs(expected) * 1e-6 + 1e-3,
+                const double expected = double(above->top) + above->height - 15;
+                expect(std::fabs(row.top - expected) <= std::fabs(expected) * 1e-6 + 1e-3,
                     "a new row starts on the previous row's bottom border", field->Name());
             }
-            above = label;
+            above = &row;
         }
     }
 

@@ -174,6 +174,49 @@ private slots:
             QCOMPARE(host.field("Colour")->DropDownValues()->Count(), 0);
     }
 
+    // DESCRIPTION= gives a field its help text: read as VALUE is, inside a block only, and
+    // reset at each ADDFIELD.
+    void descriptionKeyGivesTheHelpText_data()
+    {
+        QTest::addColumn<QString>("definition");
+        QTest::addColumn<QStringList>("descriptions");
+        auto row = [](const char *name, const QString &definition, const QStringList &expected) {
+            QTest::newRow(name) << defText(definition) << expected;
+        };
+        row("case kept, blanks trimmed",
+            "ADDFIELD A|TYPE=TEXT|DESCRIPTION=  Name of the Server  |ENDFIELD",
+            { "A=Name of the Server" });
+        row("key in any case", "ADDFIELD A|TYPE=TEXT|Description=x y|ENDFIELD", { "A=x y" });
+        row("outside a block ignored", "DESCRIPTION=lost|ADDFIELD A|TYPE=TEXT|ENDFIELD", { "A=" });
+        row("reset at each ADDFIELD",
+            "ADDFIELD A|TYPE=TEXT|DESCRIPTION=a|ENDFIELD|ADDFIELD B|TYPE=TEXT|ENDFIELD",
+            { "A=a", "B=" });
+        row("the last one wins", "ADDFIELD A|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD",
+            { "A=2" });
+        row("blank before the equals", "ADDFIELD A|TYPE=TEXT|DESCRIPTION = x|ENDFIELD", { "A=" });
+        row("ends at a second equals", "ADDFIELD A|TYPE=TEXT|DESCRIPTION=a=b|ENDFIELD", { "A=a" });
+        row("a key among combo items",
+            "ADDFIELD C|TYPE=COMBO|ADDCOMBOITEMS|1=One|DESCRIPTION=Pick one|ENDCOMBOITEMS|ENDFIELD",
+            { "C=Pick one" });
+        row("kept by a block left open", "ADDFIELD A|DESCRIPTION=kept|ENDFIELD|TYPE=TEXT|ENDFIELD",
+            { "A=kept" });
+    }
+
+    void descriptionKeyGivesTheHelpText()
+    {
+        QFETCH(QString, definition);
+        QFETCH(QStringList, descriptions);
+        GridHost host;
+        MessageRecorder messages;
+        host.grid->ReadDef(definition);
+        QStringList read;
+        for (Field *field : *host.grid->Fields())
+            read << field->Name() + "=" + field->Description();
+        QCOMPARE(read, descriptions);
+        if (definition.contains("TYPE=COMBO"))
+            QCOMPARE(itemKeys(host.field("C")), QStringList({ "1" }));
+    }
+
     void fileSelectorKeysArriveUpperCased()
     {
         GridHost host;

@@ -63,7 +63,7 @@ QString refusedCharacterShown(const UserGrid &user)
     for (Field *field : *user.grid->Fields()) {
         if (field->FieldType() != ftNumeric && field->FieldType() != ftSlider)
             continue;
-        QString shown = GridHost::state(field).text;
+        QString shown = test::GridHost::state(field).text;
         if (live && user.d()->rowEditor().row() == field) {
             const auto *box = qobject_cast<const QLineEdit *>(live);
             if (!box)

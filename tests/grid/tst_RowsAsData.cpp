@@ -62,7 +62,8 @@ private slots:
         many.field(QStringLiteral("Row99999"))->SetFocus();
         few.field(QStringLiteral("Row999"))->SetFocus();
         QCOMPARE(many.liveWidgets(), few.liveWidgets());
-        QCOMPARE(many.gridWidgets(), 3);
+        QVERIFY(many.d()->rowEditor().editor());
+        QCOMPARE(many.gridWidgets(), 2);
         // Scrolling makes no widget: anywhere in the grid there are as many as in the small one.
         const QPair<int, int> positions[]
             = { { 500, 500 }, { 300, 30000 }, { 0, 0 }, { 990, 32000 } };
