@@ -8,6 +8,8 @@
 #include "platform/Error.h"
 #include "platform/Values.h"
 
+#include <QElapsedTimer>
+
 namespace kwFieldDeck {
 
 namespace {
@@ -119,6 +121,19 @@ void TextKind::GetValueFromControl(QWidget *editor, EditorState &state) const
 
 namespace {
 const QDate EarliestDate(1601, 1, 1);
+
+// Today, read from the clock at most once a second: reading the local date consults the time
+// zone files, which thousands of date rows made at once would do thousands of times.
+QDate today()
+{
+    static QElapsedTimer sinceRead;
+    static QDate date;
+    if (!sinceRead.isValid() || sinceRead.elapsed() > 1000) {
+        date = QDate::currentDate();
+        sinceRead.start();
+    }
+    return date;
+}
 const QDate LatestDate(9999, 12, 31);
 
 // The picker refuses a date outside its range.
@@ -145,7 +160,7 @@ const char *DateKind::creatorSource() const
 void DateKind::create(EditorState &state, const QVariant &value) const
 {
     // A new picker shows today until it is given a date.
-    state.date = QDate::currentDate();
+    state.date = today();
     state.minDate = EarliestDate;
     state.maxDate = LatestDate;
     if (isDate(value)) {

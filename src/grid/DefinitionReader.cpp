@@ -3,7 +3,6 @@
 
 #include "grid/kwPropertyControl_p.h"
 
-#include "editors/kwComboField.h"
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "fieldmodel/lFieldTypes_p.h"
@@ -22,6 +21,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QStringList>
+#include <QStringTokenizer>
 #include <QVector>
 
 #include <cmath>
@@ -45,6 +45,66 @@ float toSingle(double value)
     if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
         raise(ErrOverflow);
     return float(value);
+}
+
+// The line without the blanks around it; tabs are dropped wherever they stand. A line without a
+// tab stays a view into the definition, so reading copies only the values it keeps.
+QStringView trimmedLine(QStringView text, QString &withoutTabs)
+{
+    while (!text.isEmpty() && text.front() == u' ')
+        text = text.mid(1);
+    while (!text.isEmpty() && text.back() == u' ')
+        text.chop(1);
+    if (!text.contains(u'\t'))
+        return text;
+    withoutTabs = text.toString();
+    withoutTabs.remove(u'\t');
+    return withoutTabs;
+}
+
+QStringView trimmedBlanks(QStringView text)
+{
+    while (!text.isEmpty() && text.front() == u' ')
+        text = text.mid(1);
+    while (!text.isEmpty() && text.back() == u' ')
+        text.chop(1);
+    return text;
+}
+
+// The first and the second piece of a line cut at "=": the key and its value (which ends at a
+// second "=", if there is one).
+QStringView keyOf(QStringView line)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    return equals < 0 ? line : line.left(equals);
+}
+
+QStringView valueOf(QStringView line)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    if (equals < 0)
+        return {};
+    const QStringView rest = line.mid(equals + 1);
+    const qsizetype next = rest.indexOf(u'=');
+    return next < 0 ? rest : rest.left(next);
+}
+
+bool is(QStringView text, QLatin1String word)
+{
+    return text.compare(word, Qt::CaseInsensitive) == 0;
+}
+
+// The type's number: its place in the type-name list, 0 when it is none of them.
+int fieldTypeNumber(const QString &type)
+{
+    static const QHash<QString, int> numbers = [] {
+        QHash<QString, int> byName;
+        const QStringList names = fieldTypeNames().split(QLatin1Char(','));
+        for (int i = 0; i < names.size(); ++i)
+            byName.insert(names.at(i), i + 1);
+        return byName;
+    }();
+    return numbers.value(type, 0);
 }
 
 // The folder of the definition file that LoadDefFile is reading, "" for a definition string.
@@ -122,14 +182,14 @@ public:
     {
     }
 
-    void ReadLine(const QString &text);
+    void ReadLine(QStringView text);
 
 private:
-    void ReadOutsideBlock(const QString &line);
-    void StartBlock(const QString &fieldName);
-    bool ReadKey(const QString &line);
-    void ReadBlockLine(const QString &line);
-    void TakeItem(const QString &line);
+    void ReadOutsideBlock(QStringView line);
+    void StartBlock(QStringView fieldName);
+    bool ReadKey(QStringView line);
+    void ReadBlockLine(QStringView line);
+    void TakeItem(QStringView line);
     void CompleteBlock();
     void ApplyTypeKeys(Field *field, qint32 type);
     void FillComboFromItems(Field *field);
@@ -149,9 +209,10 @@ private:
     BlockKeys m_Keys;
 };
 
-void DefinitionReader::ReadLine(const QString &text)
+void DefinitionReader::ReadLine(QStringView text)
 {
-    const QString line = RemoveTabs(TrimBlanks(text));
+    QString withoutTabs;
+    const QStringView line = trimmedLine(text, withoutTabs);
     if (line.isEmpty())
         return;
     if (!m_InField)
@@ -160,84 +221,84 @@ void DefinitionReader::ReadLine(const QString &text)
         ReadBlockLine(line);
 }
 
-void DefinitionReader::ReadOutsideBlock(const QString &line)
+void DefinitionReader::ReadOutsideBlock(QStringView line)
 {
-    const QString equalsKey = Piece(line, QStringLiteral("="), 1).toUpper();
-    if (Piece(line, QStringLiteral(" "), 1).toUpper() == QLatin1String("ADDFIELD")) {
-        const qsizetype blank = line.indexOf(QLatin1Char(' '));
+    const qsizetype blank = line.indexOf(u' ');
+    if (is(blank < 0 ? line : line.left(blank), QLatin1String("ADDFIELD"))) {
         // "ADDFIELD" alone has no blank, so the name would be cut from position 0: an invalid
         // argument that ends the reading, as intended.
         if (blank < 0)
             raise(ErrInvalidCall);
-        StartBlock(TrimBlanks(line.mid(blank)));
-    } else if (line.left(9).toUpper() == QLatin1String("ADD FIELD")) {
-        StartBlock(TrimBlanks(line.mid(9)));
-    } else if (equalsKey == QLatin1String("FIELDNAMEWIDTH")) {
+        StartBlock(trimmedBlanks(line.mid(blank)));
+    } else if (is(line.left(9), QLatin1String("ADD FIELD"))) {
+        StartBlock(trimmedBlanks(line.mid(9)));
+    } else if (is(keyOf(line), QLatin1String("FIELDNAMEWIDTH"))) {
         // Stored directly, without the work of the FieldNameWidth property, as intended.
-        m_FieldNameWidth = toSingle(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
-    } else if (equalsKey == QLatin1String("ROWHEIGHT")) {
-        m_RowHeight = toSingle(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
+        m_FieldNameWidth = toSingle(leadingNumber(trimmedBlanks(valueOf(line)).toString()));
+    } else if (is(keyOf(line), QLatin1String("ROWHEIGHT"))) {
+        m_RowHeight = toSingle(leadingNumber(trimmedBlanks(valueOf(line)).toString()));
     }
 }
 
-void DefinitionReader::StartBlock(const QString &fieldName)
+void DefinitionReader::StartBlock(QStringView fieldName)
 {
     m_InField = true;
-    m_FieldName = fieldName;
+    m_FieldName = fieldName.toString();
     // The collected combo items are deliberately not reset: they carry into this block.
     m_Keys = BlockKeys();
 }
 
-bool DefinitionReader::ReadKey(const QString &line)
+bool DefinitionReader::ReadKey(QStringView line)
 {
-    static const QHash<QString, QString BlockKeys::*> upperCasedKeys = {
-        { QStringLiteral("MIN"), &BlockKeys::MIN },
-        { QStringLiteral("MAX"), &BlockKeys::MAX },
-        { QStringLiteral("ENABLED"), &BlockKeys::ENABLED },
-        { QStringLiteral("TITLE"), &BlockKeys::TITLE },
-        { QStringLiteral("INITDIR"), &BlockKeys::INITDIR },
-        { QStringLiteral("FILTER"), &BlockKeys::FILTER },
-        { QStringLiteral("DB"), &BlockKeys::DB },
-        { QStringLiteral("TABLE"), &BlockKeys::TABLE },
-        { QStringLiteral("LISTFIELD"), &BlockKeys::LISTFIELD },
-        { QStringLiteral("VALUEFIELD"), &BlockKeys::VALUEFIELD },
+    struct Key
+    {
+        QLatin1String name;
+        QString BlockKeys::*stored;
+        bool upperCased;
+    };
+    static const Key keys[] = {
+        { QLatin1String("MIN"), &BlockKeys::MIN, true },
+        { QLatin1String("MAX"), &BlockKeys::MAX, true },
+        { QLatin1String("ENABLED"), &BlockKeys::ENABLED, true },
+        { QLatin1String("TITLE"), &BlockKeys::TITLE, true },
+        { QLatin1String("INITDIR"), &BlockKeys::INITDIR, true },
+        { QLatin1String("FILTER"), &BlockKeys::FILTER, true },
+        { QLatin1String("DB"), &BlockKeys::DB, true },
+        { QLatin1String("TABLE"), &BlockKeys::TABLE, true },
+        { QLatin1String("LISTFIELD"), &BlockKeys::LISTFIELD, true },
+        { QLatin1String("VALUEFIELD"), &BlockKeys::VALUEFIELD, true },
         // SORTED writes the value-field name; kept as it always was.
-        { QStringLiteral("SORTED"), &BlockKeys::VALUEFIELD },
-        { QStringLiteral("TYPE"), &BlockKeys::TYPE },
+        { QLatin1String("SORTED"), &BlockKeys::VALUEFIELD, true },
+        { QLatin1String("TYPE"), &BlockKeys::TYPE, true },
+        { QLatin1String("VALUE"), &BlockKeys::VALUE, false },
+        { QLatin1String("DESCRIPTION"), &BlockKeys::DESCRIPTION, false },
     };
     // The key is not trimmed, so "TYPE = TEXT" is no key; the value is the second piece only.
-    const QString key = Piece(line, QStringLiteral("="), 1).toUpper();
-    const auto stored = upperCasedKeys.constFind(key);
-    if (stored != upperCasedKeys.cend()) {
-        m_Keys.*(*stored) = TrimBlanks(Piece(line, QStringLiteral("="), 2)).toUpper();
+    const QStringView key = keyOf(line);
+    for (const Key &known : keys) {
+        if (!is(key, known.name))
+            continue;
+        const QString value = trimmedBlanks(valueOf(line)).toString();
+        m_Keys.*known.stored = known.upperCased ? value.toUpper() : value;
         return true;
     }
-    if (key == QLatin1String("SIMPLE"))
+    if (is(key, QLatin1String("SIMPLE")))
         return true; // accepted and without effect, as intended
-    if (key == QLatin1String("SIZE")) {
-        m_Keys.SIZE = roundToInt32(leadingNumber(TrimBlanks(Piece(line, QStringLiteral("="), 2))));
-        return true;
-    }
-    if (key == QLatin1String("VALUE")) {
-        m_Keys.VALUE = TrimBlanks(Piece(line, QStringLiteral("="), 2));
-        return true;
-    }
-    if (key == QLatin1String("DESCRIPTION")) {
-        m_Keys.DESCRIPTION = TrimBlanks(Piece(line, QStringLiteral("="), 2));
+    if (is(key, QLatin1String("SIZE"))) {
+        m_Keys.SIZE = roundToInt32(leadingNumber(trimmedBlanks(valueOf(line)).toString()));
         return true;
     }
     return false;
 }
 
-void DefinitionReader::ReadBlockLine(const QString &line)
+void DefinitionReader::ReadBlockLine(QStringView line)
 {
-    const QString upper = line.toUpper();
-    if (upper == QLatin1String("ADDCOMBOITEMS")) {
+    if (is(line, QLatin1String("ADDCOMBOITEMS"))) {
         m_InItems = true;
         m_Items.clear();
         return;
     }
-    if (upper == QLatin1String("ENDCOMBOITEMS") || upper == QLatin1String("END COMBOITEMS")) {
+    if (is(line, QLatin1String("ENDCOMBOITEMS")) || is(line, QLatin1String("END COMBOITEMS"))) {
         m_InItems = false;
         return;
     }
@@ -245,17 +306,18 @@ void DefinitionReader::ReadBlockLine(const QString &line)
     // intended.
     if (m_InItems)
         TakeItem(line);
-    if (upper == QLatin1String("ENDFIELD") || upper == QLatin1String("END FIELD"))
+    if (is(line, QLatin1String("ENDFIELD")) || is(line, QLatin1String("END FIELD")))
         CompleteBlock();
 }
 
-void DefinitionReader::TakeItem(const QString &line)
+void DefinitionReader::TakeItem(QStringView line)
 {
-    const qsizetype equals = line.indexOf(QLatin1Char('='));
+    const qsizetype equals = line.indexOf(u'=');
     if (equals < 0)
-        m_Items.append({ QString(), line });
+        m_Items.append({ QString(), line.toString() });
     else
-        m_Items.append({ line.left(equals), TrimBlanks(line.mid(equals + 1)) });
+        m_Items.append(
+            { line.left(equals).toString(), trimmedBlanks(line.mid(equals + 1)).toString() });
 }
 
 void DefinitionReader::CompleteBlock()
@@ -266,7 +328,7 @@ void DefinitionReader::CompleteBlock()
         ShowMessage(QStringLiteral("No FieldName or Type Defined!"));
         return;
     }
-    const int type = ListPosition(fieldTypeNames(), m_Keys.TYPE);
+    const int type = fieldTypeNumber(m_Keys.TYPE);
     if (type == 0) {
         ShowMessage(QStringLiteral("FldType: ") + m_Keys.TYPE + QStringLiteral(" Not Valid ") + CRLF
                 + CRLF + QStringLiteral("Must be ") + fieldTypeNames(),
@@ -387,7 +449,7 @@ void kwPropertyControlPrivate::ReadDef(const QString &DefString)
     trap("Sub 'ReadDef' of User Control 'kwPropertyControl'", [&] {
         DefinitionReader reader(
             *require(Fields()), m_FieldNameWidth, m_RowHeight, m_LastAddedField);
-        for (const QString &line : DefString.split(CRLF))
+        for (QStringView line : QStringTokenizer(DefString, CRLF))
             reader.ReadLine(line);
     });
 }

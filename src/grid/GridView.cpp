@@ -68,6 +68,11 @@ qsizetype GridView::rowAt(const QPoint &point) const
 
 void GridView::updateRow(qsizetype row)
 {
+    // A row out of view needs no painting: most rows of a large grid built at once are.
+    const CanvasRow &cell = m_grid->canvasRows().at(row);
+    const float top = m_grid->canvasTop() + cell.top;
+    if (top > float(height() * twipsPerPixelY()) || top + cell.height < 0)
+        return;
     update(nameCellRect(row).united(editorRect(row)));
 }
 

@@ -109,6 +109,17 @@ QDateTime parseDateText(const QString &raw)
     if (std::none_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); })
         || std::none_of(text.begin(), text.end(), isSeparator))
         return {};
+    // The commonest form, yyyy-MM-dd alone, is read directly: a parse through the locale costs
+    // as much as the rest of a row.
+    if (text.size() == 10 && text.at(4) == u'-' && text.at(7) == u'-') {
+        bool year = false, month = false, day = false;
+        const QDate date(QStringView(text).left(4).toInt(&year),
+            QStringView(text).mid(5, 2).toInt(&month), QStringView(text).mid(8, 2).toInt(&day));
+        const bool digits = std::all_of(
+            text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == u'-'; });
+        if (year && month && day && digits && date.isValid() && date.year() >= 100)
+            return QDateTime(date, QTime(0, 0), Qt::UTC);
+    }
     static const char *const dateForms[] = { "yyyy-MM-dd", "yyyy/M/d", "M/d/yyyy", "d.M.yyyy",
         "d MMMM yyyy", "d MMM yyyy", "MMMM d, yyyy", "MMM d, yyyy", "M/d/yy" };
     static const char *const timeForms[]

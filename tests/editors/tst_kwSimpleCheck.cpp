@@ -40,6 +40,8 @@ private slots:
             onTheBox ? check->widget() : host.surface(), Qt::LeftButton, {}, QPoint(3, 6));
         QCOMPARE(host.editor->Value(), after);
         QCOMPARE(clicks.count(), 1);
+        // Beside the box as on it, the click puts the focus in the box, so Space works next.
+        QTRY_VERIFY(check->hasFocus());
         // Setting the value raises Click only when it changes.
         host.editor->setValue(after);
         QCOMPARE(clicks.count(), 1);
