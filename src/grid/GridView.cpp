@@ -3,6 +3,7 @@
 #include "editors/FieldKind.h"
 #include "editors/RowPainter.h"
 #include "fieldmodel/Field_p.h"
+#include "grid/GridAccessible.h"
 #include "grid/kwPropertyControl_p.h"
 #include "platform/Error.h"
 #include "platform/Twips.h"
@@ -33,8 +34,17 @@ GridView::GridView(kwPropertyControlPrivate *grid, QWidget *parent)
     , m_grid(grid)
 {
     setObjectName(QStringLiteral("picOuter"));
+    // Assistive tools see every row as two cells of a table.
+    static const bool factoryInstalled
+        = (QAccessible::installFactory(&GridAccessible::create), true);
+    Q_UNUSED(factoryInstalled)
     setAutoFillBackground(true);
     setMouseTracking(false);
+}
+
+kwPropertyControl *GridView::grid() const
+{
+    return m_grid->q_func();
 }
 
 QRect GridView::nameCellRect(qsizetype row) const

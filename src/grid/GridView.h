@@ -6,6 +6,7 @@
 namespace kwFieldDeck {
 
 class Field;
+class kwPropertyControl;
 class kwPropertyControlPrivate;
 
 // The viewport picOuter: it paints the rows that lie in it with the style, in their state, and
@@ -26,6 +27,7 @@ public:
     // The canvas row under a point, or -1.
     qsizetype rowAt(const QPoint &point) const;
     void updateRow(qsizetype row);
+    kwPropertyControl *grid() const;
     void scrollByWheel(QWheelEvent *event);
 
 protected:
