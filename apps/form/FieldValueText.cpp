@@ -87,7 +87,7 @@ std::optional<double> numberIn(const QString &text)
     return ok ? std::optional<double>(number) : std::nullopt;
 }
 
-// The value as a number when it is one: empty is 0, True is -1 as on the original platform, and
+// The value as a number when it is one: empty is 0, True is -1, and
 // a text counts when it reads whole as a number.
 std::optional<double> numberOf(const QVariant &value)
 {

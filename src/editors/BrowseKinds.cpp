@@ -46,6 +46,19 @@ const char *BrowseKind::creatorSource() const
     return "Function 'AddMemoField' of User Control 'kwPropertyControl'";
 }
 
+const char *BrowseKind::changeSource() const
+{
+    switch (m_browse) {
+    case Browse::File:
+        return "Sub 'm_FileSelector_Change' of Class Module 'Field'";
+    case Browse::Folder:
+        return "Sub 'm_FolderSelector_Change' of Class Module 'Field'";
+    case Browse::Memo:
+        break;
+    }
+    return "Sub 'm_Memo_Change' of Class Module 'Field'";
+}
+
 // The value's text in the box: a path as it is (fitted only where it is shown), a memo's
 // placeholder. Whether the box's text changed is what the editor reports.
 bool BrowseKind::setPath(EditorState &state, const QString &path) const

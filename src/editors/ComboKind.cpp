@@ -29,6 +29,11 @@ const char *ComboKind::creatorSource() const
     return "Function 'AddComboBox' of User Control 'kwPropertyControl'";
 }
 
+const char *ComboKind::changeSource() const
+{
+    return "Sub 'm_ValueComboBox_Change' of Class Module 'Field'";
+}
+
 void ComboKind::create(EditorState &state, const QVariant &value) const
 {
     QVariantList ignored;

@@ -53,8 +53,10 @@ public:
     // The entry of a field type, or null for a type that has no editor.
     static const FieldKind *of(qint32 type);
 
-    // The error source of the creator of this type's editor.
+    // The error sources of the creator of this type's editor and of the field's handler of its
+    // change event.
     virtual const char *creatorSource() const = 0;
+    virtual const char *changeSource() const = 0;
     // The editor's first state, from the field's value when the row is made; may raise, as a
     // value the editor cannot take does.
     virtual void create(EditorState &state, const QVariant &value) const = 0;

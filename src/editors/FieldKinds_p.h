@@ -11,6 +11,7 @@ class TextKind : public FieldKind
 public:
     explicit TextKind(bool numeric);
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
@@ -29,6 +30,7 @@ class DateKind : public FieldKind
 {
 public:
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     void applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const override;
@@ -46,6 +48,7 @@ class CheckKind : public FieldKind
 {
 public:
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
@@ -66,6 +69,7 @@ public:
     static QString shownText(const EditorState &state);
 
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
@@ -83,6 +87,7 @@ class SliderKind : public FieldKind
 {
 public:
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     void applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const override;
@@ -110,6 +115,7 @@ public:
     explicit BrowseKind(Browse browse);
 
     const char *creatorSource() const override;
+    const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
     void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;

@@ -32,6 +32,12 @@ const char *TextKind::creatorSource() const
                      : "Function 'AddTextBox' of User Control 'kwPropertyControl'";
 }
 
+const char *TextKind::changeSource() const
+{
+    return m_numeric ? "Sub 'm_ValueNumeric_Change' of Class Module 'Field'"
+                     : "Sub 'm_ValueTextBox_Change' of Class Module 'Field'";
+}
+
 void TextKind::create(EditorState &state, const QVariant &value) const
 {
     state.text = textOf(value);
@@ -155,6 +161,11 @@ void moveDate(EditorState &state, const QDate &date, QVariantList &changes)
 const char *DateKind::creatorSource() const
 {
     return "Function 'AddDatePicker' of User Control 'kwPropertyControl'";
+}
+
+const char *DateKind::changeSource() const
+{
+    return "Sub 'm_ValueDate_Change' of Class Module 'Field'";
 }
 
 void DateKind::create(EditorState &state, const QVariant &value) const

@@ -22,31 +22,13 @@ void FieldPrivate::ChangeChain(const QVariant &value)
     Grid()->RaiseChangedEvent(q_ptr);
 }
 
-namespace {
-// The handler of each type's change event, as errors name it.
-const char *changeSource(qint32 type)
-{
-    static const char *const sources[] = {
-        "Sub 'm_ValueTextBox_Change' of Class Module 'Field'",
-        "Sub 'm_ValueNumeric_Change' of Class Module 'Field'",
-        "Sub 'm_ValueCheckBox_Click' of Class Module 'Field'",
-        "Sub 'm_ValueComboBox_Change' of Class Module 'Field'",
-        "Sub 'm_ValueDate_Change' of Class Module 'Field'",
-        "Sub 'm_SliderValue_Change' of Class Module 'Field'",
-        "Sub 'm_FileSelector_Change' of Class Module 'Field'",
-        "Sub 'm_FolderSelector_Change' of Class Module 'Field'",
-        "Sub 'm_Memo_Change' of Class Module 'Field'",
-    };
-    return type >= ftText && type <= ftMemo ? sources[type - ftText] : "";
-}
-} // namespace
 
 void FieldPrivate::takeEditorChange(QWidget *editor)
 {
     const FieldKind *kind = editorKind();
     if (!kind)
         return;
-    trap(changeSource(m_FieldType), [&] {
+    trap(kind->changeSource(), [&] {
         kind->GetValueFromControl(editor, m_editor);
         ChangeChain(kind->reportedValue(m_editor));
     });

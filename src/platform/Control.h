@@ -14,7 +14,7 @@ class QKeyEvent;
 
 namespace kwFieldDeck {
 
-// Key codes and shift state as the original platform reported them to key handlers.
+// Key codes and shift state as key handlers receive them.
 namespace KeyCode {
 constexpr int Backspace = 8, Tab = 9, Return = 13, Shift = 16, Control = 17, Alt = 18, Escape = 27,
               Space = 32, PageUp = 33, PageDown = 34, End = 35, Home = 36, Left = 37, Up = 38,
@@ -91,7 +91,7 @@ public:
 
     QString ToolTipText() const { return m_toolTip; }
     void setToolTipText(const QString &text);
-    // A free-use text, as every control of the original platform had.
+    // A free-use text that every control has.
     QString Tag() const { return m_tag; }
     void setTag(const QString &tag) { m_tag = tag; }
     // What assistive technology says of the control and of each of its parts that can take

@@ -10,7 +10,7 @@
 
 namespace kwFieldDeck {
 
-// Error numbers of the original runtime, kept so that reports read as hosts know them.
+// The error numbers that hosts know, so that reports read as they expect.
 enum ErrorNumber : int {
     ErrInvalidCall = 5,
     ErrOverflow = 6,

@@ -91,7 +91,7 @@ bool parseNumber(const QString &text, double *number)
     return ok;
 }
 
-// Days since 1899-12-30: the original platform's date serial.
+// Days since 1899-12-30: the serial that a number stands for as a date.
 double dateSerial(const QDateTime &moment)
 {
     static const QDate epoch(1899, 12, 30);
@@ -129,8 +129,8 @@ QDateTime parseDateText(const QString &raw)
         for (const char *time : timeForms) {
             const QString form = QLatin1String(date) + QLatin1String(time);
             const QDateTime moment = c.toDateTime(text, form);
-            // Years outside 100 to 9999 (a sign read into the year) are no dates, as on the
-            // original platform; their text form would not read back either.
+            // Years outside 100 to 9999 (a sign read into the year) are no dates; their text form
+            // would not read back either.
             if (moment.isValid() && moment.date().year() >= 100 && moment.date().year() <= 9999)
                 return moment;
         }
@@ -304,8 +304,8 @@ QDate toDate(const QVariant &value)
     case ValueKind::Int32:
     case ValueKind::Single:
     case ValueKind::Double: {
-        // Dates run from 1 January 100 (serial -657434) to 31 December 9999 (2958465), as on the
-        // original platform; any other number, NaN included, is an overflow.
+        // Dates run from 1 January 100 (serial -657434) to 31 December 9999 (2958465); any other
+        // number, NaN included, is an overflow.
         const double serial = std::floor(value.toDouble());
         if (!(serial >= -657434.0 && serial <= 2958465.0))
             raise(ErrOverflow);

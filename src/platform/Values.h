@@ -6,8 +6,8 @@
 
 namespace kwFieldDeck {
 
-// The kinds of value a field's Value, Min and Max can hold. They stay distinct, as they were on
-// the original platform: a 16-bit 1 from a check box is not the text "1".
+// The kinds of value a field's Value, Min and Max can hold. They stay distinct: a 16-bit 1 from a
+// check box is not the text "1".
 enum class ValueKind { Empty, Text, Int16, Int32, Single, Double, Boolean, Date, Object, Other };
 
 ValueKind kindOf(const QVariant &value);

@@ -71,7 +71,7 @@ void checkNumber(double number)
                 text);
         else
             // Fifteen digits round the largest doubles up past the range, so their text no
-            // longer reads as a number; the original runtime behaved the same way.
+            // longer reads as a number.
             expect(std::fabs(exact) > 1.797693134862e308, "a number's text reads back", text);
         refusesOnlyWith({ ErrOverflow }, [&] { (void)toInt16(value); });
         refusesOnlyWith({ ErrOverflow }, [&] { (void)toInt32(value); });
