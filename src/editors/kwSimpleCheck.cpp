@@ -60,10 +60,16 @@ void kwSimpleCheck::showValue(qint16 value)
     m_showing = false;
 }
 
+// The surface takes its press, so that the release comes to it and to nothing behind it.
+void kwSimpleCheck::mousePressEvent(QMouseEvent *event)
+{
+    event->setAccepted(event->button() == Qt::LeftButton);
+}
+
 // A click beside the box toggles it as the box would, and puts the focus in the box.
 void kwSimpleCheck::mouseReleaseEvent(QMouseEvent *event)
 {
-    QWidget::mouseReleaseEvent(event);
+    event->setAccepted(event->button() == Qt::LeftButton);
     if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint()))
         return;
     Check1->setFocus(Qt::MouseFocusReason);

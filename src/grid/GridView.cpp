@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -135,6 +136,10 @@ bool GridView::forwardMouse(QMouseEvent *event)
     QWidget *target = m_mouseTarget;
     if (!target)
         return false;
+    // A part that does not take the event hands it back to the view, its parent: it ends here.
+    if (m_forwarding)
+        return true;
+    const QScopedValueRollback<bool> forwarding(m_forwarding, true);
     const QPointF local = target->mapFrom(this, event->position());
     QMouseEvent forwarded(event->type(), local, event->globalPosition(), event->button(),
         event->buttons(), event->modifiers());
@@ -144,6 +149,8 @@ bool GridView::forwardMouse(QMouseEvent *event)
 
 void GridView::mousePressEvent(QMouseEvent *event)
 {
+    if (m_forwarding)
+        return;
     m_mouseTarget = nullptr;
     const qsizetype row = rowAt(event->position().toPoint());
     if (row < 0 || event->button() != Qt::LeftButton) {

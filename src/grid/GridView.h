@@ -47,6 +47,7 @@ private:
     // follow go to it as well.
     QPointer<QWidget> m_mouseTarget;
     int m_wheelRemainder = 0;
+    bool m_forwarding = false;
 };
 
 } // namespace kwFieldDeck
