@@ -11,7 +11,6 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -136,14 +135,15 @@ bool GridView::forwardMouse(QMouseEvent *event)
     QWidget *target = m_mouseTarget;
     if (!target)
         return false;
-    // A part that does not take the event hands it back to the view, its parent: it ends here.
-    if (m_forwarding)
+    // A press that the part passes back up (a disabled part does) ends here.
+    if (m_forwarding || !target->isEnabled())
         return true;
-    const QScopedValueRollback<bool> forwarding(m_forwarding, true);
+    m_forwarding = true;
     const QPointF local = target->mapFrom(this, event->position());
     QMouseEvent forwarded(event->type(), local, event->globalPosition(), event->button(),
         event->buttons(), event->modifiers());
     QApplication::sendEvent(target, &forwarded);
+    m_forwarding = false;
     return true;
 }
 
