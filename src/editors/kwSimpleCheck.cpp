@@ -60,16 +60,10 @@ void kwSimpleCheck::showValue(qint16 value)
     m_showing = false;
 }
 
-// The surface takes its press, so that the release comes to it and to nothing behind it.
-void kwSimpleCheck::mousePressEvent(QMouseEvent *event)
-{
-    event->setAccepted(event->button() == Qt::LeftButton);
-}
-
 // A click beside the box toggles it as the box would, and puts the focus in the box.
 void kwSimpleCheck::mouseReleaseEvent(QMouseEvent *event)
 {
-    event->setAccepted(event->button() == Qt::LeftButton);
+    QWidget::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint()))
         return;
     Check1->setFocus(Qt::MouseFocusReason);
