@@ -171,7 +171,8 @@ QWidget *BrowseKind::createEditor(QWidget *parent, EditorEvents *events) const
 void BrowseKind::UpdateControl(QWidget *editor, const EditorState &state) const
 {
     kwTextBox *box = static_cast<kwBrowseField *>(editor)->Text1;
-    const QString shown = shownText(state, editor->font(), box->width());
+    // The box's width follows from the editor's, which is set before the box is laid out.
+    const QString shown = shownText(state, editor->font(), boxRect(editor->rect()).width());
     box->setProperty(ShownProperty, shown);
     if (box->text() != shown)
         box->showText(shown);

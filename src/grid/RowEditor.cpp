@@ -212,10 +212,15 @@ void RowEditor::place()
     }
     const CanvasRow &cell = m_grid->canvasRows().at(at);
     const QPoint origin = m_grid->view()->canvasOrigin();
+    const QSize size = m_editor->size();
     m_editor->setGeometry(origin.x() + twipsToPixelsX(cell.editorLeft),
         origin.y() + twipsToPixelsY(m_grid->canvasTop()) + twipsToPixelsY(cell.top),
         std::max(0, twipsToPixelsX(cell.editorWidth)),
         std::max(0, twipsToPixelsY(cell.editorHeight)));
+    // A path is fitted to the box's width, which only now is known.
+    const FieldKind *kind = FieldPrivate::get(field)->editorKind();
+    if (kind && m_editor->size() != size)
+        kind->UpdateControl(m_editor, FieldPrivate::get(field)->m_editor);
     m_editor->show();
 }
 

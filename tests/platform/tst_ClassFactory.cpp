@@ -2,6 +2,8 @@
 #include "platform/Control.h"
 #include "platform/Error.h"
 
+#include <kwFieldDeck/kwPropertyControl.h>
+
 #include "TestSupport.h"
 
 #include <QtTest>
@@ -15,23 +17,22 @@ private slots:
     void classIsCreatedByIdentifierOrIsError429_data()
     {
         QTest::addColumn<QString>("classId");
-        QTest::addColumn<QByteArray>("className"); // empty: no such class
-        QTest::newRow("text box") << "VB.TextBox" << QByteArray("kwFieldDeck::TextBox");
-        QTest::newRow("text box, other case") << "vb.textbox" << QByteArray("kwFieldDeck::TextBox");
-        QTest::newRow("date picker")
-            << "MSComCtl2.DTPicker" << QByteArray("kwFieldDeck::DatePicker");
-        QTest::newRow("unknown") << "kwFieldDeck.kwNoSuchEditor" << QByteArray();
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("grid") << "kwFieldDeck.kwPropertyControl" << true;
+        QTest::newRow("grid, other case") << "KWFIELDDECK.kwpropertycontrol" << true;
+        QTest::newRow("a row's editor is no class") << "kwFieldDeck.kwSimpleCheck" << false;
+        QTest::newRow("unknown") << "kwFieldDeck.kwNoSuchEditor" << false;
     }
 
     void classIsCreatedByIdentifierOrIsError429()
     {
         QFETCH(QString, classId);
-        QFETCH(QByteArray, className);
+        QFETCH(bool, exists);
         test::ErrorRecorder recorder;
         QObject owner;
         Control *control = trap("Function 'AddField' of User Control 'kwPropertyControl'",
-            [&] { return ClassFactory::create(classId, QStringLiteral("TextBox7"), &owner); });
-        if (className.isEmpty()) {
+            [&] { return ClassFactory::create(classId, QStringLiteral("Grid7"), &owner); });
+        if (!exists) {
             QCOMPARE(control, nullptr);
             QVERIFY(owner.children().isEmpty());
             QCOMPARE(recorder.errors.size(), 1);
@@ -40,10 +41,12 @@ private slots:
             return;
         }
         QVERIFY(control);
-        QCOMPARE(QByteArray(control->metaObject()->className()), className);
-        QCOMPARE(control->Name(), QStringLiteral("TextBox7"));
+        QVERIFY(qobject_cast<kwPropertyControl *>(control->widget()));
+        QCOMPARE(control->Name(), QStringLiteral("Grid7"));
         QCOMPARE(control->parent(), &owner);
         QCOMPARE(Control::of(control->widget()), control);
+        QVERIFY(recorder.errors.isEmpty());
+        delete control->widget();
     }
 };
 
