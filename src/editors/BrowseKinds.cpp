@@ -81,7 +81,7 @@ void BrowseKind::create(EditorState &state, const QVariant &value) const
     setPath(state, textOf(value));
 }
 
-void BrowseKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void BrowseKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     if (setPath(state, textOf(stored)))
         changes << reportedValue(state);

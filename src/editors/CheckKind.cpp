@@ -32,7 +32,7 @@ void CheckKind::create(EditorState &state, const QVariant &value) const
     state.check = toBool(value) ? 1 : 0;
 }
 
-void CheckKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void CheckKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     if (kindOf(stored) != ValueKind::Object && textOf(stored).trimmed().toUpper() == u"TRUE")
         stored = textValue(QStringLiteral("1"));

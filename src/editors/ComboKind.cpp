@@ -36,13 +36,13 @@ const char *ComboKind::changeSource() const
 
 void ComboKind::create(EditorState &state, const QVariant &value) const
 {
-    QVariantList ignored;
+    Changes ignored;
     select(textOf(value), state, ignored);
 }
 
 // The first entry that matches the value is selected, which the box reports as a pick even
 // when it was selected already; with none, the selection stays.
-bool ComboKind::select(const QString &value, EditorState &state, QVariantList &changes)
+bool ComboKind::select(const QString &value, EditorState &state, Changes &changes)
 {
     state.comboValue = value;
     qsizetype found = -1;
@@ -67,7 +67,7 @@ bool ComboKind::select(const QString &value, EditorState &state, QVariantList &c
     return true;
 }
 
-void ComboKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void ComboKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     select(textOf(stored), state, changes);
 }

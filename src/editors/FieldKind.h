@@ -5,13 +5,16 @@
 #include <QFont>
 #include <QPalette>
 #include <QRect>
+#include <QVarLengthArray>
 #include <QVariant>
-#include <QVariantList>
 
 class QPainter;
 class QWidget;
 
 namespace kwFieldDeck {
+
+// The changes an editor reports while it takes a value: rarely more than one.
+using Changes = QVarLengthArray<QVariant, 2>;
 
 // What a live editor reports to the row it edits.
 class EditorEvents
@@ -62,17 +65,15 @@ public:
     virtual void create(EditorState &state, const QVariant &value) const = 0;
     // A write of the host: the editor shows the stored value (which it may rewrite); each change
     // the editor reports on the way is appended to changes.
-    virtual void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const = 0;
+    virtual void showValue(QVariant &stored, EditorState &state, Changes &changes) const = 0;
     // The value that a change reported by the editor stores in the field.
     virtual QVariant reportedValue(const EditorState &state) const = 0;
     // The value as the row shows it in words, as assistive tools read it.
     virtual QString valueText(const EditorState &state) const = 0;
     // The field's Min and Max reach the editor of a type with a range; a value that the new
     // range moves is reported as a change.
-    virtual void applyMin(const QVariant &, EditorState &, QVariantList &) const { }
-    virtual void applyMax(const QVariant &, const QVariant &, EditorState &, QVariantList &) const
-    {
-    }
+    virtual void applyMin(const QVariant &, EditorState &, Changes &) const { }
+    virtual void applyMax(const QVariant &, const QVariant &, EditorState &, Changes &) const { }
     // Whether the editor takes its enabled state: a check box keeps its box enabled (intended).
     virtual bool appliesEnabled() const { return true; }
 

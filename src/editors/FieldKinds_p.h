@@ -13,7 +13,7 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     void applyColors(QPalette &palette, const EditorState &state) const override;
@@ -32,10 +32,10 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
-    void applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
+    void applyMin(const QVariant &min, EditorState &state, Changes &changes) const override;
     void applyMax(const QVariant &min, const QVariant &max, EditorState &state,
-        QVariantList &changes) const override;
+        Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     void paint(const EditorPaint &paint, const EditorState &state) const override;
@@ -50,7 +50,7 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     bool appliesEnabled() const override { return false; }
@@ -71,7 +71,7 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     void paint(const EditorPaint &paint, const EditorState &state) const override;
@@ -80,7 +80,7 @@ public:
     void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 
 private:
-    static bool select(const QString &value, EditorState &state, QVariantList &changes);
+    static bool select(const QString &value, EditorState &state, Changes &changes);
 };
 
 class SliderKind : public FieldKind
@@ -89,10 +89,10 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
-    void applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
+    void applyMin(const QVariant &min, EditorState &state, Changes &changes) const override;
     void applyMax(const QVariant &min, const QVariant &max, EditorState &state,
-        QVariantList &changes) const override;
+        Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     void paint(const EditorPaint &paint, const EditorState &state) const override;
@@ -102,9 +102,9 @@ public:
     QWidget *focusTarget(QWidget *editor) const override;
 
 private:
-    static void setValue(qint32 value, EditorState &state, QVariantList &changes);
-    static void moveSlider(qint32 value, EditorState &state, QVariantList &changes);
-    static void keepInRange(EditorState &state, QVariantList &changes);
+    static void setValue(qint32 value, EditorState &state, Changes &changes);
+    static void moveSlider(qint32 value, EditorState &state, Changes &changes);
+    static void keepInRange(EditorState &state, Changes &changes);
 };
 
 // File, folder and memo rows: a box and a "..." button that browses for the value.
@@ -117,7 +117,7 @@ public:
     const char *creatorSource() const override;
     const char *changeSource() const override;
     void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, QVariantList &changes) const override;
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
     QVariant reportedValue(const EditorState &state) const override;
     QString valueText(const EditorState &state) const override;
     void applyColors(QPalette &palette, const EditorState &state) const override;

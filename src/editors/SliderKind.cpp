@@ -35,7 +35,7 @@ qint32 high(const EditorState &state)
 } // namespace
 
 // The slider moved: the box shows its value in canonical form, which is the row's value.
-void SliderKind::moveSlider(qint32 value, EditorState &state, QVariantList &changes)
+void SliderKind::moveSlider(qint32 value, EditorState &state, Changes &changes)
 {
     const qint32 position = std::clamp(value, low(state), high(state));
     if (position == state.sliderValue)
@@ -47,7 +47,7 @@ void SliderKind::moveSlider(qint32 value, EditorState &state, QVariantList &chan
 }
 
 // The value goes to the slider, then to the box, which hands what it shows to the slider again.
-void SliderKind::setValue(qint32 value, EditorState &state, QVariantList &changes)
+void SliderKind::setValue(qint32 value, EditorState &state, Changes &changes)
 {
     state.number = value;
     if (value != state.sliderValue)
@@ -60,7 +60,7 @@ void SliderKind::setValue(qint32 value, EditorState &state, QVariantList &change
 }
 
 // A range that leaves the value outside brings the value into it.
-void SliderKind::keepInRange(EditorState &state, QVariantList &changes)
+void SliderKind::keepInRange(EditorState &state, Changes &changes)
 {
     moveSlider(state.sliderValue, state, changes);
 }
@@ -79,17 +79,17 @@ void SliderKind::create(EditorState &state, const QVariant &value) const
 {
     // The number box's designed text shows until the first value.
     state.text = QStringLiteral("Text1");
-    QVariantList ignored;
+    Changes ignored;
     setValue(toInt32(value), state, ignored);
 }
 
-void SliderKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void SliderKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     setValue(roundToInt32(leadingNumber(textOf(stored))), state, changes);
 }
 
 // Only Min keeps the pair in order; Max is taken as given. Intended.
-void SliderKind::applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const
+void SliderKind::applyMin(const QVariant &min, EditorState &state, Changes &changes) const
 {
     const qint32 value = toInt32(min);
     if (state.sliderMax <= value) {
@@ -102,7 +102,7 @@ void SliderKind::applyMin(const QVariant &min, EditorState &state, QVariantList 
 }
 
 void SliderKind::applyMax(
-    const QVariant &, const QVariant &max, EditorState &state, QVariantList &changes) const
+    const QVariant &, const QVariant &max, EditorState &state, Changes &changes) const
 {
     state.sliderMax = toInt32(max);
     keepInRange(state, changes);

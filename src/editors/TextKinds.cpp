@@ -43,7 +43,7 @@ void TextKind::create(EditorState &state, const QVariant &value) const
     state.text = textOf(value);
 }
 
-void TextKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void TextKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     QString text;
     if (m_numeric) {
@@ -149,7 +149,7 @@ void checkInRange(const EditorState &state, const QDate &date)
         raise(380, QStringLiteral("Invalid property value"));
 }
 
-void moveDate(EditorState &state, const QDate &date, QVariantList &changes)
+void moveDate(EditorState &state, const QDate &date, Changes &changes)
 {
     if (date == state.date)
         return;
@@ -181,7 +181,7 @@ void DateKind::create(EditorState &state, const QVariant &value) const
     }
 }
 
-void DateKind::showValue(QVariant &stored, EditorState &state, QVariantList &changes) const
+void DateKind::showValue(QVariant &stored, EditorState &state, Changes &changes) const
 {
     if (!isDate(stored))
         return;
@@ -190,7 +190,7 @@ void DateKind::showValue(QVariant &stored, EditorState &state, QVariantList &cha
     moveDate(state, date, changes);
 }
 
-void DateKind::applyMin(const QVariant &min, EditorState &state, QVariantList &changes) const
+void DateKind::applyMin(const QVariant &min, EditorState &state, Changes &changes) const
 {
     if (!isDate(min))
         return;
@@ -204,7 +204,7 @@ void DateKind::applyMin(const QVariant &min, EditorState &state, QVariantList &c
 
 // Max reaches the picker only when Min is a date: intended.
 void DateKind::applyMax(
-    const QVariant &min, const QVariant &max, EditorState &state, QVariantList &changes) const
+    const QVariant &min, const QVariant &max, EditorState &state, Changes &changes) const
 {
     if (!isDate(min))
         return;

@@ -267,14 +267,14 @@ void FieldPrivate::setValue(const QVariant &value)
         m_Value = value;
         if (!hasEditorType(m_FieldType))
             return;
-        QVariantList changes;
+        Changes changes;
         kind().showValue(m_Value, m_editor, changes);
         showChanges();
         reportChanges(changes);
     });
 }
 
-void FieldPrivate::reportChanges(const QVariantList &changes)
+void FieldPrivate::reportChanges(const Changes &changes)
 {
     for (const QVariant &changed : changes)
         ChangeChain(changed);
@@ -284,7 +284,7 @@ void FieldPrivate::setMin(const QVariant &min)
 {
     trap("Property 'Min' of Class Module 'Field'", [&] {
         m_Min = min;
-        QVariantList changes;
+        Changes changes;
         switch (m_FieldType) {
         case ftDate:
         case ftSlider:
@@ -310,7 +310,7 @@ void FieldPrivate::setMax(const QVariant &max)
         m_Max = max;
         if (m_FieldType != ftDate && m_FieldType != ftSlider)
             return;
-        QVariantList changes;
+        Changes changes;
         kind().applyMax(m_Min, m_Max, m_editor, changes);
         showChanges();
         reportChanges(changes);

@@ -22,7 +22,6 @@ void FieldPrivate::ChangeChain(const QVariant &value)
     Grid()->RaiseChangedEvent(q_ptr);
 }
 
-
 void FieldPrivate::takeEditorChange(QWidget *editor)
 {
     const FieldKind *kind = editorKind();

@@ -3,14 +3,12 @@
 #include <kwFieldDeck/Field.h>
 
 #include "editors/EditorState.h"
+#include "editors/FieldKind.h"
 #include "fieldmodel/FieldHost.h"
 #include "platform/Colors.h"
 
-#include <QVariantList>
-
 namespace kwFieldDeck {
 
-class FieldKind;
 class Fields;
 
 // What a row is: the field's properties and the state of its editor, as plain data. The grid
@@ -91,7 +89,7 @@ private:
     void createEditor(const FieldKind *kind);
     // Runs the change chain once for each change the editor reported while it took a value
     // from the host, after the editor shows it.
-    void reportChanges(const QVariantList &changes);
+    void reportChanges(const Changes &changes);
     // The row is painted again, and its live editor shows its state.
     void showChanges();
 

@@ -21,11 +21,14 @@ public:
     // Appends an item under a key; a key already present is error 457.
     void add(T *item, const QString &key)
     {
-        if (m_byKey.contains({ key }))
+        // One look-up: the slot is made empty when the key is new.
+        const CaselessKey caseless(key);
+        T *&slot = m_byKey[caseless];
+        if (slot)
             raise(ErrDuplicateKey);
+        slot = item;
         m_items.append(item);
-        m_keys.append({ key });
-        m_byKey.insert({ key }, item);
+        m_keys.append(caseless);
     }
 
     // A 1-based position or a key; a missing element is error 9 (position) or 5 (key). A key

@@ -24,14 +24,20 @@ constexpr float ViewportFrame = 60;
 constexpr float ScrollBarWidth = 255;
 } // namespace
 
+// The viewport's size as the container sees it, taken when the grid is resized: every row's
+// creation asks for it.
 float kwPropertyControlPrivate::viewportWidth() const
 {
-    return extenderWidth();
+    if (m_viewportSize.isEmpty())
+        return extenderWidth();
+    return float(m_viewportSize.width());
 }
 
 float kwPropertyControlPrivate::viewportHeight() const
 {
-    return extenderHeight();
+    if (m_viewportSize.isEmpty())
+        return extenderHeight();
+    return float(m_viewportSize.height());
 }
 
 float kwPropertyControlPrivate::EditorWidth(float margin) const
@@ -214,6 +220,7 @@ void kwPropertyControlPrivate::AutoSizeFieldNameWidths()
 void kwPropertyControlPrivate::UserControl_Resize()
 {
     trap("Sub 'UserControl_Resize' of User Control 'kwPropertyControl'", [&] {
+        m_viewportSize = QSizeF(extenderWidth(), extenderHeight());
         picOuter->setGeometry(q_ptr->rect());
         // At the right end of the viewport's inner width, from its top.
         const int barWidth = twipsToPixelsX(ScrollBarWidth);

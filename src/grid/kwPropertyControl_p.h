@@ -9,6 +9,7 @@
 
 #include <QFont>
 #include <QPointer>
+#include <QSizeF>
 #include <QString>
 #include <QVector>
 
@@ -196,6 +197,7 @@ private:
     // Where the next laid-out row goes: below the last one of the layout.
     float m_laidBottom = 0;
     bool m_layoutStale = false;
+    QSizeF m_viewportSize;
     float m_canvasTop = 0;
     float m_canvasHeight = 0;
     qint32 m_VisibleRowCount = 0;
