@@ -32,14 +32,15 @@ Field *Fields::Add(const QString &Name, lFieldTypes FieldType, qint32 Size, cons
         field->setValue(textValue(Value));
         field->setSize(Size);
         field->setDescription(Description);
-        if (d->m_fields.contains(Name)) {
+        const CaselessKey key(Name);
+        if (d->m_fields.contains(key)) {
             // Shown, not raised; the rejected field's row stays on the grid: intended.
             MsgBox(QStringLiteral("Field: ") + Name
                     + QStringLiteral(" already exists in Fields Collection!"),
                 MsgBoxStyle::OKOnly, QString());
             return nullptr;
         }
-        d->m_fields.add(field, Name);
+        d->m_fields.add(field, key);
         return field;
     });
 }

@@ -19,10 +19,9 @@ class KeyedCollection
 {
 public:
     // Appends an item under a key; a key already present is error 457.
-    void add(T *item, const QString &key)
+    void add(T *item, const CaselessKey &caseless)
     {
         // One look-up: the slot is made empty when the key is new.
-        const CaselessKey caseless(key);
         T *&slot = m_byKey[caseless];
         if (slot)
             raise(ErrDuplicateKey);
@@ -55,7 +54,7 @@ public:
     // Unchecked access by 0-based index, for the library's own loops.
     T *at(int index) const { return m_items.at(index); }
     T *last() const { return m_items.isEmpty() ? nullptr : m_items.last(); }
-    bool contains(const QString &key) const { return m_byKey.contains({ key }); }
+    bool contains(const CaselessKey &key) const { return m_byKey.contains(key); }
 
     typename QList<T *>::const_iterator begin() const { return m_items.cbegin(); }
     typename QList<T *>::const_iterator end() const { return m_items.cend(); }

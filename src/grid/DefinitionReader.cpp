@@ -91,7 +91,7 @@ QStringView valueOf(QStringView line)
 
 bool is(QStringView text, QLatin1String word)
 {
-    return text.compare(word, Qt::CaseInsensitive) == 0;
+    return text.size() == word.size() && text.compare(word, Qt::CaseInsensitive) == 0;
 }
 
 // The type's number: its place in the type-name list, 0 when it is none of them.

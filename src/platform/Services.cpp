@@ -9,11 +9,6 @@
 
 namespace kwFieldDeck {
 
-void DoEvents()
-{
-    QCoreApplication::processEvents();
-}
-
 namespace {
 int qtKeyOf(const QString &name)
 {

@@ -5,9 +5,6 @@
 
 namespace kwFieldDeck {
 
-// Lets the platform process pending user-interface events (repaints, input) and returns.
-void DoEvents();
-
 // Synthesised keystrokes, posted to the widget that has the focus without waiting:
 // "{tab}" Tab, "+{tab}" Shift+Tab, "^{Tab}" Ctrl+Tab, "{Backspace}", and sequences of these.
 // Names in braces are compared without regard to case; "+", "^" and "%" add Shift, Ctrl, Alt.

@@ -34,7 +34,7 @@ private slots:
         SendKeys(keys);
         // The keystrokes are posted: they arrive when events are processed.
         QCOMPARE(QApplication::focusWidget(), &edits[1]);
-        DoEvents();
+        QCoreApplication::processEvents();
         QTRY_COMPARE(QApplication::focusWidget(), &edits[focus]);
     }
 };
