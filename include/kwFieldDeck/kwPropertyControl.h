@@ -41,12 +41,13 @@ class kwPropertyControlPrivate;
     \endcode
 
     Sizes are in twips: 1440 to the inch, 15 to a pixel on a 96 dpi screen. Colours are
-    OleColor values. Rows are data until they come near the view, so a grid of many thousands
-    of rows builds and scrolls quickly; the scroll range is a 16-bit number, so a grid of more
-    than about 32,000 rows reports an overflow (error 6) when it computes the range. A failure
-    inside a call is reported through the error report (see setErrorReportHandler()) and the
-    call ends normally with an empty result; messages meant for the user (such as a definition
-    file's faults) are shown in message boxes (see setMessageBoxHandler()).
+    OleColor values. Rows are data that the grid paints, and only the row being edited has a
+    live editor, so a grid of many thousands of rows builds and scrolls quickly; the scroll
+    range is a 16-bit number, so a grid of more than about 32,000 rows reports an overflow
+    (error 6) when it computes the range. A failure inside a call is reported through the error
+    report (see setErrorReportHandler()) and the call ends normally with an empty result;
+    messages meant for the user (such as a definition file's faults) are shown in message boxes
+    (see setMessageBoxHandler()).
 */
 class KWFIELDDECK_EXPORT kwPropertyControl : public QWidget
 {
@@ -228,7 +229,8 @@ public:
         than about 32,767 rows are reported as an overflow, error 6). With \a Redraw true
         it first lays the rows out again: one below the other in the order of Fields, hidden
         rows left out, each name cell FieldNameWidth() wide and RowHeight() high with its editor
-        beside it; pending events are processed once per row meanwhile. Without \a Redraw only
+        beside it. Only the rows added since the last layout are placed, unless rows were shown,
+        hidden or removed, or the sizes changed; no widget is touched. Without \a Redraw only
         the range is set, and the rows stay where they are.
 
         The grid lays itself out when it is resized, by setFieldNameWidth(),

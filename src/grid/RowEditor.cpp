@@ -22,7 +22,7 @@ namespace kwFieldDeck {
 
 // What one live editor reports, to the row it was made for; once the editor has left the row,
 // its late reports go nowhere.
-struct RowBinding : EditorEvents
+struct RowBinding final : EditorEvents
 {
     Field *field = nullptr;
     QPointer<QWidget> editor;
