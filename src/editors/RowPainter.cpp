@@ -22,13 +22,19 @@ QPalette::ColorGroup groupOf(bool enabled)
     return enabled ? QPalette::Active : QPalette::Disabled;
 }
 
-template <typename Measure>
-int measuredOnce(QHash<QString, int> &cache, const QFont &font, Measure &&measure)
+// The height a widget of a kind asks for in a font, measured on a widget made for it once per
+// font.
+template <typename Widget>
+int askedHeight(const QFont &font)
 {
+    static QHash<QString, int> heights;
     const QString key = font.key();
-    auto found = cache.constFind(key);
-    if (found == cache.constEnd())
-        found = cache.insert(key, measure());
+    auto found = heights.constFind(key);
+    if (found == heights.constEnd()) {
+        Widget measure;
+        measure.setFont(font);
+        found = heights.insert(key, measure.sizeHint().height());
+    }
     return *found;
 }
 } // namespace
@@ -125,22 +131,12 @@ void comboBox(QPainter *painter, const QWidget *widget, const QRect &rect, const
 
 int lineEditHeight(const QFont &font)
 {
-    static QHash<QString, int> heights;
-    return measuredOnce(heights, font, [&] {
-        QLineEdit measure;
-        measure.setFont(font);
-        return measure.sizeHint().height();
-    });
+    return askedHeight<QLineEdit>(font);
 }
 
 int comboBoxHeight(const QFont &font)
 {
-    static QHash<QString, int> heights;
-    return measuredOnce(heights, font, [&] {
-        QComboBox measure;
-        measure.setFont(font);
-        return measure.sizeHint().height();
-    });
+    return askedHeight<QComboBox>(font);
 }
 
 QString dateText(const QDate &date)
