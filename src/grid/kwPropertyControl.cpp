@@ -5,7 +5,6 @@
 #include "grid/GridView.h"
 #include "platform/ClassFactory.h"
 #include "platform/Error.h"
-#include "platform/PropertyBag.h"
 #include "platform/Values.h"
 
 #include <QEvent>
@@ -17,11 +16,6 @@ namespace {
 // Hosts that build their windows from class identifiers create the grid like any control.
 const bool registered
     = ClassFactory::registerUserControl<kwPropertyControl>(libraryTitle() + ".kwPropertyControl");
-
-OleColor colorOf(const QVariant &value)
-{
-    return OleColor(qint64(toDouble(value)));
-}
 } // namespace
 
 kwPropertyControl::kwPropertyControl(QWidget *parent)
@@ -278,7 +272,6 @@ void kwPropertyControlPrivate::setBackColor(OleColor color)
 {
     trap("Property 'BackColor' of User Control 'kwPropertyControl'", [&] {
         m_BackColor = color;
-        m_canvasColor = color;
         applyColors();
         propertyChanged(QStringLiteral("BackColor"));
     });
@@ -422,50 +415,6 @@ void kwPropertyControlPrivate::UserControl_InitProperties()
         m_RowHeight = 315;
         m_FieldNameBackColor = DefaultFieldNameBackColor;
         m_FieldNameForeColor = DefaultFieldNameForeColor;
-    });
-}
-
-void kwPropertyControlPrivate::UserControl_ReadProperties(PropertyBag &PropBag)
-{
-    trap("Sub 'UserControl_ReadProperties' of User Control 'kwPropertyControl'", [&] {
-        // Only the viewport takes the restored colour; the canvas keeps its own (intended).
-        m_BackColor = colorOf(PropBag.ReadProperty("BackColor", quint32(DefaultBackColor)));
-        applyColors();
-        m_ForeColor = colorOf(PropBag.ReadProperty("ForeColor", quint32(DefaultForeColor)));
-        m_Enabled = toBool(PropBag.ReadProperty("Enabled", false));
-        const QVariant font = PropBag.ReadProperty("Font", ambientFont());
-        q_ptr->QWidget::setFont(font.canConvert<QFont>() ? font.value<QFont>() : ambientFont());
-        applyFont();
-        m_BackStyle = toInt16(PropBag.ReadProperty("BackStyle", qint16(0)));
-        m_BorderStyle = toInt16(PropBag.ReadProperty("BorderStyle", qint16(0)));
-        m_FieldNameWidth = float(toDouble(PropBag.ReadProperty("FieldNameWidth", 750.0f)));
-        m_RowHeight = float(toDouble(PropBag.ReadProperty("RowHeight", 315.0f)));
-        setSurfaceScaleMode(toInt16(PropBag.ReadProperty("ScaleMode", qint16(1))));
-        applyAppearance(toInt16(PropBag.ReadProperty("Appearance", qint16(1))));
-        m_FieldNameBackColor = colorOf(
-            PropBag.ReadProperty("FieldNameBackColor", quint32(DefaultFieldNameBackColor)));
-        m_FieldNameForeColor = colorOf(
-            PropBag.ReadProperty("FieldNameForeColor", quint32(DefaultFieldNameForeColor)));
-    });
-}
-
-void kwPropertyControlPrivate::UserControl_WriteProperties(PropertyBag &PropBag) const
-{
-    trap("Sub 'UserControl_WriteProperties' of User Control 'kwPropertyControl'", [&] {
-        PropBag.WriteProperty("BackColor", quint32(m_BackColor), quint32(DefaultBackColor));
-        PropBag.WriteProperty("ForeColor", quint32(m_ForeColor), quint32(DefaultForeColor));
-        PropBag.WriteProperty("Enabled", m_Enabled, false);
-        PropBag.WriteProperty("Font", m_Font, ambientFont());
-        PropBag.WriteProperty("BackStyle", m_BackStyle, qint16(0));
-        PropBag.WriteProperty("BorderStyle", m_BorderStyle, qint16(0));
-        PropBag.WriteProperty("FieldNameWidth", m_FieldNameWidth, 750.0f);
-        PropBag.WriteProperty("RowHeight", m_RowHeight, 315.0f);
-        PropBag.WriteProperty("ScaleMode", qint16(surfaceScaleMode()), qint16(1));
-        PropBag.WriteProperty("Appearance", m_Appearance, qint16(1));
-        PropBag.WriteProperty("FieldNameBackColor", quint32(m_FieldNameBackColor),
-            quint32(DefaultFieldNameBackColor));
-        PropBag.WriteProperty("FieldNameForeColor", quint32(m_FieldNameForeColor),
-            quint32(DefaultFieldNameForeColor));
     });
 }
 

@@ -221,7 +221,7 @@ void kwPropertyControlPrivate::setHighlighted(Field *oField)
 QPalette kwPropertyControlPrivate::canvasPalette() const
 {
     QPalette palette = q_ptr->palette();
-    const QColor canvas = screenColor(m_canvasColor);
+    const QColor canvas = screenColor(m_BackColor);
     for (QPalette::ColorGroup group :
         { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
         for (QPalette::ColorRole role : { QPalette::Base, QPalette::Window, QPalette::Button })

@@ -135,8 +135,6 @@ public:
     static OleColor oleColorOr(const QColor &color, OleColor fallback);
 
     OleColor m_BackColor = DefaultBackColor;
-    // The colour of the canvas the rows lie on, which their editors show around them.
-    OleColor m_canvasColor = DefaultBackColor;
     OleColor m_FieldNameBackColor = DefaultFieldNameBackColor;
     OleColor m_FieldNameForeColor = DefaultFieldNameForeColor;
     float m_RowHeight = 315;
@@ -156,8 +154,6 @@ public:
 
 protected:
     void UserControl_InitProperties() override;
-    void UserControl_ReadProperties(PropertyBag &PropBag) override;
-    void UserControl_WriteProperties(PropertyBag &PropBag) const override;
     void UserControl_Resize() override;
     void UserControl_Paint() override;
 

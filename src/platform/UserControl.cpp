@@ -1,67 +1,11 @@
 #include "platform/UserControl.h"
 
-#include "platform/ClassFactory.h"
 #include "platform/Control.h"
 #include "platform/Error.h"
-#include "platform/PropertyBag.h"
 
 #include <QApplication>
 
-#include <utility>
-
 namespace kwFieldDeck {
-
-namespace {
-// A user control's few children are found by looking through them; the grid's many by name.
-constexpr qsizetype HashedFrom = 16;
-} // namespace
-
-Control *ControlCollection::create(const QString &classId, const QString &name)
-{
-    if (Item(name))
-        raise(727, QStringLiteral("There is already a control with the name '%1'").arg(name));
-    Control *control = ClassFactory::create(classId, name, m_owner);
-    m_controls.append(control);
-    if (m_controls.size() == HashedFrom) {
-        for (Control *each : std::as_const(m_controls))
-            m_byName.insert({ each->Name() }, each);
-    } else if (m_controls.size() > HashedFrom) {
-        m_byName.insert({ name }, control);
-    }
-    return control;
-}
-
-Control *ControlCollection::Add(const QString &classId, const QString &name, QWidget *container)
-{
-    Control *control = create(classId, name);
-    control->setContainer(container);
-    return control;
-}
-
-Control *ControlCollection::Add(const QString &classId, const QString &name, Control *container)
-{
-    Control *control = create(classId, name);
-    control->setContainer(container);
-    return control;
-}
-
-void ControlCollection::deleteAll()
-{
-    const QVector<Control *> controls = std::exchange(m_controls, {});
-    m_byName.clear();
-    qDeleteAll(controls);
-}
-
-Control *ControlCollection::Item(const QString &name) const
-{
-    if (m_controls.size() >= HashedFrom)
-        return m_byName.value({ name });
-    for (Control *control : m_controls) {
-        if (control->Name().compare(name, Qt::CaseInsensitive) == 0)
-            return control;
-    }
-    return nullptr;
-}
 
 UserControl::UserControl(QWidget *surface)
     : m_surface(surface)
@@ -109,14 +53,6 @@ QFont UserControl::ambientFont() const
 void UserControl::initNew()
 {
     UserControl_InitProperties();
-}
-void UserControl::readProperties(PropertyBag &bag)
-{
-    UserControl_ReadProperties(bag);
-}
-void UserControl::writeProperties(PropertyBag &bag) const
-{
-    UserControl_WriteProperties(bag);
 }
 
 void UserControl::paintThrough(QWidget *child)

@@ -1,55 +1,18 @@
 #pragma once
 
-#include "platform/CaselessKey.h"
 #include "platform/Colors.h"
 
-#include <QHash>
 #include <QObject>
-#include <QVector>
 #include <QWidget>
 
 namespace kwFieldDeck {
 
 class Control;
-class PropertyBag;
-
-// The child controls of a user control, by name (compared without regard to case) and in order
-// of creation. They are QObject children of the owner given; for a user control with a window,
-// not of its widget, whose children Qt walks on every pointer move and repaint.
-class ControlCollection
-{
-public:
-    explicit ControlCollection(QObject *owner)
-        : m_owner(owner)
-    {
-    }
-
-    // Creates a control by class identifier under a new name, in the given container: a widget,
-    // or the surface of a user control without a window of its own.
-    Control *Add(const QString &classId, const QString &name, QWidget *container);
-    Control *Add(const QString &classId, const QString &name, Control *container);
-    Control *Item(const QString &name) const;
-    // Deletes every control now, while the user control that made them is still whole: a
-    // control that leaves may move the focus, and the focus handlers reach back into it.
-    void deleteAll();
-    int Count() const { return int(m_controls.size()); }
-    QVector<Control *>::const_iterator begin() const { return m_controls.cbegin(); }
-    QVector<Control *>::const_iterator end() const { return m_controls.cend(); }
-
-private:
-    Control *create(const QString &classId, const QString &name);
-
-    QObject *m_owner;
-    QVector<Control *> m_controls;
-    // By name, once the collection is large enough for looking up to need it.
-    QHash<CaselessKey, Control *> m_byName;
-};
 
 // The base of a user control with a window of its own, as the grid is: it gives its surface
-// widget child controls, the extender that its container sees, the property-bag hooks, the
+// widget the extender that its container sees, the defaults of a new instance, the
 // property-changed notification and the ambient properties of its host. The surface's resize
-// and paint events reach the handlers below. The editors, which a grid has thousands of, are
-// user controls without windows (WindowlessUserControl).
+// and paint events reach the handlers below. Its properties are kept by Qt's property system.
 class UserControl : public QObject
 {
     Q_OBJECT
@@ -74,13 +37,8 @@ public:
     void setAmbientUserMode(bool userMode) { m_userMode = userMode; }
     QFont ambientFont() const;
 
-    // The host's side of persistence: a fresh instance, restoring from a bag, saving to one.
+    // A fresh instance takes its defaults.
     void initNew();
-    void readProperties(PropertyBag &bag);
-    void writeProperties(PropertyBag &bag) const;
-
-    ControlCollection &Controls() { return m_controls; }
-    const ControlCollection &Controls() const { return m_controls; }
 
 signals:
     // The property-changed notification: the named persisted property has a new value.
@@ -90,8 +48,6 @@ protected:
     void propertyChanged(const QString &name) { emit PropertyChanged(name); }
 
     virtual void UserControl_InitProperties() { }
-    virtual void UserControl_ReadProperties(PropertyBag &) { }
-    virtual void UserControl_WriteProperties(PropertyBag &) const { }
     virtual void UserControl_Resize() { }
     virtual void UserControl_Paint() { }
 
@@ -104,8 +60,6 @@ protected:
 
 private:
     QWidget *m_surface;
-    QObject m_controlsOwner;
-    ControlCollection m_controls { &m_controlsOwner };
     int m_scaleMode = 1;
     bool m_userMode = true;
     bool m_paintPending = false;

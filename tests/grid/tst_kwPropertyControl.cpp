@@ -2,7 +2,6 @@
 
 #include "grid/GridHost.h"
 
-#include "platform/PropertyBag.h"
 #include "platform/Twips.h"
 
 #include <QLabel>
@@ -63,33 +62,31 @@ class tst_kwPropertyControl : public QObject
     Q_OBJECT
 
 private slots:
-    void propertyHasItsDefaultAndRoundTripsThroughTheBag_data()
+    void propertyHasItsDefaultAndCarriesToAnotherGrid_data()
     {
         QTest::addColumn<int>("row");
         for (int row = 0; row < persisted().size(); ++row)
             QTest::newRow(persisted().at(row).name) << row;
     }
 
-    void propertyHasItsDefaultAndRoundTripsThroughTheBag()
+    // A form file keeps the grid's properties as Qt's property system reads and writes them.
+    void propertyHasItsDefaultAndCarriesToAnotherGrid()
     {
         QFETCH(int, row);
         const Persisted &p = persisted().at(row);
-        MemoryPropertyBag bag;
-        {
-            GridHost host;
-            QCOMPARE(host.grid->property(p.name),
-                p.initial.isValid()
-                    ? p.initial
-                    : QVariant(kwPropertyControlPrivate::get(host.grid)->ambientFont()));
-            kwPropertyControlPrivate::get(host.grid)->writeProperties(bag);
-            QVERIFY(!bag.contains(p.name));
-            QVERIFY(host.grid->setProperty(p.name, p.other));
-            kwPropertyControlPrivate::get(host.grid)->writeProperties(bag);
-            QVERIFY(bag.contains(p.name));
-        }
-        GridHost host;
-        kwPropertyControlPrivate::get(host.grid)->readProperties(bag);
-        QCOMPARE(host.grid->property(p.name), p.other);
+        GridHost saved;
+        QCOMPARE(saved.grid->property(p.name),
+            p.initial.isValid()
+                ? p.initial
+                : QVariant(kwPropertyControlPrivate::get(saved.grid)->ambientFont()));
+        QVERIFY(saved.grid->metaObject()
+                    ->property(saved.grid->metaObject()->indexOfProperty(p.name))
+                    .isStored());
+        QVERIFY(saved.grid->setProperty(p.name, p.other));
+        const QVariant kept = saved.grid->property(p.name);
+        GridHost loaded;
+        QVERIFY(loaded.grid->setProperty(p.name, kept));
+        QCOMPARE(loaded.grid->property(p.name), p.other);
     }
 
     void coloursAndFontReachEveryRow()
