@@ -167,24 +167,30 @@ void GridView::mousePressEvent(QMouseEvent *event)
     if (m_forwarding)
         return;
     m_mouseTarget = nullptr;
-    const qsizetype row = rowAt(event->position().toPoint());
-    if (row < 0 || event->button() != Qt::LeftButton) {
-        QFrame::mousePressEvent(event);
-        return;
-    }
-    Field *field = m_grid->canvasRows().at(row).field;
-    if (!editorRect(row).contains(event->position().toPoint())
-        || !FieldPrivate::get(field)->editorKind() || FieldPrivate::get(field)->m_row != row) {
-        // A click on the name cell makes the row current.
-        trap("Sub 'm_FieldNameControl_GotFocus' of Class Module 'Field'",
-            [&] { FieldPrivate::get(field)->m_FieldNameControl_GotFocus(); });
-        return;
-    }
-    m_grid->rowEditor().bind(field);
+    const QPoint point = event->position().toPoint();
+    // A press over the live editor is its own, also one that it let pass (on its surface beside
+    // its parts): the row below the border line that rows share must not take it.
     QWidget *editor = m_grid->rowEditor().editor();
-    if (!editor)
-        return;
-    QWidget *part = editor->childAt(editor->mapFrom(this, event->position().toPoint()));
+    if (!editor || !editor->isVisible() || !editor->geometry().contains(point)) {
+        const qsizetype row = rowAt(point);
+        if (row < 0 || event->button() != Qt::LeftButton) {
+            QFrame::mousePressEvent(event);
+            return;
+        }
+        Field *field = m_grid->canvasRows().at(row).field;
+        if (!editorRect(row).contains(point) || !FieldPrivate::get(field)->editorKind()
+            || FieldPrivate::get(field)->m_row != row) {
+            // A click on the name cell makes the row current.
+            trap("Sub 'm_FieldNameControl_GotFocus' of Class Module 'Field'",
+                [&] { FieldPrivate::get(field)->m_FieldNameControl_GotFocus(); });
+            return;
+        }
+        m_grid->rowEditor().bind(field);
+        editor = m_grid->rowEditor().editor();
+        if (!editor)
+            return;
+    }
+    QWidget *part = editor->childAt(editor->mapFrom(this, point));
     m_mouseTarget = part ? part : editor;
     // A handed-on press gives no focus by itself: the part that a click focuses takes it here.
     for (QWidget *focusing = m_mouseTarget; focusing; focusing = focusing->parentWidget()) {
