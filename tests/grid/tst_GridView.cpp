@@ -8,6 +8,7 @@
 
 #include <QAccessible>
 #include <QAccessibleTableInterface>
+#include <QLineEdit>
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -50,23 +51,40 @@ private slots:
     {
         QTest::addColumn<int>("type");
         QTest::addColumn<bool>("onName");
-        QTest::newRow("name") << int(ftText) << true;
-        QTest::newRow("drop-down") << int(ftCombo) << false;
-        QTest::newRow("slider") << int(ftSlider) << false;
-        QTest::newRow("date") << int(ftDate) << false;
-        QTest::newRow("check box") << int(ftCheckBox) << false;
+        // A row keeps its live editor when the focus leaves the grid; it is idle then too.
+        QTest::addColumn<bool>("liveWithoutFocus");
+        QTest::newRow("name") << int(ftText) << true << false;
+        QTest::newRow("drop-down") << int(ftCombo) << false << false;
+        QTest::newRow("slider") << int(ftSlider) << false << false;
+        QTest::newRow("date") << int(ftDate) << false << false;
+        QTest::newRow("check box") << int(ftCheckBox) << false << false;
+        QTest::newRow("drop-down left live") << int(ftCombo) << false << true;
+        QTest::newRow("slider left live") << int(ftSlider) << false << true;
+        QTest::newRow("date left live") << int(ftDate) << false << true;
     }
 
     void wheelOverAnIdleRowScrollsTheGrid()
     {
         QFETCH(int, type);
         QFETCH(bool, onName);
+        QFETCH(bool, liveWithoutFocus);
         UserGrid user(1800);
+        QLineEdit outside(&user.window);
+        outside.move(0, user.window.height() - 30);
+        outside.show();
         QVERIFY(user.shown);
         user.addOfType(ftText, QStringLiteral("Editing"))->SetFocus();
         Field *idle = user.addOfType(type, QStringLiteral("Idle"));
         user.addRows(30);
         user.grid->Refresh(true);
+        if (liveWithoutFocus) {
+            idle->SetFocus();
+            if (type == ftSlider)
+                user.editorOf(idle)->findChild<QWidget *>(QStringLiteral("Slider1"))->setFocus();
+            outside.setFocus();
+            QCOMPARE(user.d()->rowEditor().row(), idle);
+            QVERIFY(!user.d()->rowEditor().holdsFocus());
+        }
         const QVariant before = idle->Value();
         QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
         const qsizetype row = FieldPrivate::get(idle)->m_row;
