@@ -37,6 +37,18 @@ int askedHeight(const QFont &font)
     }
     return *found;
 }
+// A style option for a part at rect, in the palette's enabled or disabled colours.
+template <typename Option>
+Option optionFor(const QWidget *widget, const QRect &rect, const QPalette &palette, bool enabled)
+{
+    Option option;
+    option.initFrom(widget);
+    option.rect = rect;
+    option.palette = palette;
+    option.palette.setCurrentColorGroup(groupOf(enabled));
+    option.state = enabled ? QStyle::State_Enabled : QStyle::State_None;
+    return option;
+}
 } // namespace
 
 void surface(QPainter *painter, const QRect &rect, const QPalette &palette)
@@ -48,14 +60,8 @@ void lineEdit(QPainter *painter, const QWidget *widget, const QRect &rect, const
     const QPalette &palette, const QFont &font, bool enabled, Frame frame)
 {
     QStyle *style = widget->style();
-    QStyleOptionFrame panel;
-    panel.initFrom(widget);
-    panel.rect = rect;
-    panel.palette = palette;
-    panel.state = QStyle::State_Sunken;
-    if (enabled)
-        panel.state |= QStyle::State_Enabled;
-    panel.palette.setCurrentColorGroup(groupOf(enabled));
+    auto panel = optionFor<QStyleOptionFrame>(widget, rect, palette, enabled);
+    panel.state |= QStyle::State_Sunken;
     panel.lineWidth = frame == Frame::Styled ? style->pixelMetric(QStyle::PM_DefaultFrameWidth) : 0;
     panel.midLineWidth = 0;
     style->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, painter, widget);
@@ -81,14 +87,8 @@ void lineEdit(QPainter *painter, const QWidget *widget, const QRect &rect, const
 void button(QPainter *painter, const QWidget *widget, const QRect &rect, const QString &caption,
     const QPalette &palette, const QFont &font, bool enabled)
 {
-    QStyleOptionButton option;
-    option.initFrom(widget);
-    option.rect = rect;
-    option.palette = palette;
-    option.palette.setCurrentColorGroup(groupOf(enabled));
-    option.state = QStyle::State_Raised;
-    if (enabled)
-        option.state |= QStyle::State_Enabled;
+    auto option = optionFor<QStyleOptionButton>(widget, rect, palette, enabled);
+    option.state |= QStyle::State_Raised;
     option.text = caption;
     option.fontMetrics = QFontMetrics(font);
     painter->save();
@@ -101,12 +101,7 @@ void comboBox(QPainter *painter, const QWidget *widget, const QRect &rect, const
     const QPalette &palette, const QFont &font, bool enabled, Combo combo)
 {
     QStyle *style = widget->style();
-    QStyleOptionComboBox option;
-    option.initFrom(widget);
-    option.rect = rect;
-    option.palette = palette;
-    option.palette.setCurrentColorGroup(groupOf(enabled));
-    option.state = enabled ? QStyle::State_Enabled : QStyle::State_None;
+    auto option = optionFor<QStyleOptionComboBox>(widget, rect, palette, enabled);
     option.editable = combo == Combo::Editable;
     option.frame = true;
     option.currentText = text;
