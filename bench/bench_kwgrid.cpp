@@ -7,10 +7,10 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/kwPropertyControl_p.h"
-#include "platform/ClassFactory.h"
-#include "platform/Control.h"
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
+#include "runtime/ClassFactory.h"
+#include "runtime/Control.h"
+#include "runtime/Error.h"
+#include "runtime/MessageBox.h"
 
 #include <QApplication>
 #include <QScrollBar>

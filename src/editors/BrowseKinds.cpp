@@ -9,9 +9,9 @@
 #include "editors/kwTextBox.h"
 #include "memo/ModalShow.h"
 #include "memo/frmMemo.h"
-#include "platform/FileSystem.h"
-#include "platform/Twips.h"
-#include "platform/Values.h"
+#include "runtime/FileSystem.h"
+#include "runtime/Twips.h"
+#include "runtime/Values.h"
 #include "util/FileDialogs.h"
 #include "util/FitPath.h"
 

@@ -5,7 +5,7 @@
 #include "editors/RowPainter.h"
 
 #include "editors/kwSimpleCheck.h"
-#include "platform/Values.h"
+#include "runtime/Values.h"
 
 #include <QPainter>
 #include <QStyle>

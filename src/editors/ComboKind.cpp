@@ -4,8 +4,8 @@
 
 #include "editors/RowPainter.h"
 #include "editors/kwComboField.h"
-#include "platform/Twips.h"
-#include "platform/Values.h"
+#include "runtime/Twips.h"
+#include "runtime/Values.h"
 
 #include <algorithm>
 

@@ -5,9 +5,9 @@
 #include "editors/RowPainter.h"
 #include "editors/kwSliderValue.h"
 #include "editors/kwTextBox.h"
-#include "platform/Error.h"
-#include "platform/Twips.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Twips.h"
+#include "runtime/Values.h"
 
 #include <QPainter>
 #include <QStyle>

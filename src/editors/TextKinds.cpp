@@ -5,8 +5,8 @@
 #include "editors/RowPainter.h"
 #include "editors/kwDatePicker.h"
 #include "editors/kwTextBox.h"
-#include "platform/Error.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Values.h"
 
 #include <QElapsedTimer>
 

@@ -1,7 +1,7 @@
 #include "editors/kwBrowseField.h"
 
 #include "editors/kwTextBox.h"
-#include "platform/Twips.h"
+#include "runtime/Twips.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "editors/kwComboField.h"
 
-#include "platform/Twips.h"
+#include "runtime/Twips.h"
 
 #include <QFocusEvent>
 

@@ -1,8 +1,8 @@
 #include "editors/kwSliderValue.h"
 
 #include "editors/kwTextBox.h"
-#include "platform/Twips.h"
-#include "platform/Values.h"
+#include "runtime/Twips.h"
+#include "runtime/Values.h"
 
 #include <QKeyEvent>
 

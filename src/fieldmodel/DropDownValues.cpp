@@ -1,8 +1,8 @@
 #include "fieldmodel/DropDownValues_p.h"
 
 #include "fieldmodel/Field_p.h"
-#include "platform/Error.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Values.h"
 
 namespace kwFieldDeck {
 

@@ -3,9 +3,9 @@
 #include "editors/FieldKinds_p.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "fieldmodel/Fields_p.h"
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/MessageBox.h"
+#include "runtime/Values.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 
 #include "editors/FieldKind.h"
 #include "fieldmodel/Fields_p.h"
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 namespace kwFieldDeck {
 

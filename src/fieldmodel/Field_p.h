@@ -5,7 +5,7 @@
 #include "editors/EditorState.h"
 #include "editors/FieldKind.h"
 #include "fieldmodel/FieldHost.h"
-#include "platform/Colors.h"
+#include "runtime/Colors.h"
 
 namespace kwFieldDeck {
 

@@ -2,9 +2,9 @@
 
 #include "fieldmodel/Field_p.h"
 
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/MessageBox.h"
+#include "runtime/Values.h"
 #include <kwFieldDeck/DropDownValues.h>
 
 namespace kwFieldDeck {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/CaselessKey.h"
-#include "platform/Error.h"
-#include "platform/Values.h"
+#include "runtime/CaselessKey.h"
+#include "runtime/Error.h"
+#include "runtime/Values.h"
 
 #include <QHash>
 #include <QList>

@@ -5,8 +5,8 @@
 #include "fieldmodel/Field_p.h"
 #include "grid/GridAccessible.h"
 #include "grid/kwPropertyControl_p.h"
-#include "platform/Error.h"
-#include "platform/Twips.h"
+#include "runtime/Error.h"
+#include "runtime/Twips.h"
 
 #include <QApplication>
 #include <QHelpEvent>

@@ -4,10 +4,10 @@
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
-#include "platform/Error.h"
-#include "platform/MessageBox.h"
-#include "platform/SettingsStore.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/MessageBox.h"
+#include "runtime/SettingsStore.h"
+#include "runtime/Values.h"
 #include "util/Text.h"
 
 #include <QStringList>

@@ -3,9 +3,9 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/GridView.h"
-#include "platform/ClassFactory.h"
-#include "platform/Error.h"
-#include "platform/Values.h"
+#include "runtime/ClassFactory.h"
+#include "runtime/Error.h"
+#include "runtime/Values.h"
 
 #include <QEvent>
 #include <QScrollBar>

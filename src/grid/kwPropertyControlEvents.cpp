@@ -3,7 +3,7 @@
 
 #include "grid/kwPropertyControl_p.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 namespace kwFieldDeck {
 

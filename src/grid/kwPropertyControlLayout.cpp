@@ -7,9 +7,9 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/GridView.h"
-#include "platform/Error.h"
-#include "platform/Twips.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Twips.h"
+#include "runtime/Values.h"
 
 #include <QScrollBar>
 

@@ -4,8 +4,8 @@
 
 #include "fieldmodel/FieldHost.h"
 #include "grid/RowEditor.h"
-#include "platform/Colors.h"
-#include "platform/UserControl.h"
+#include "runtime/Colors.h"
+#include "runtime/UserControl.h"
 
 #include <QFont>
 #include <QPointer>

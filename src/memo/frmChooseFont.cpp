@@ -1,8 +1,8 @@
 #include "memo/frmChooseFont.h"
 
-#include "platform/Error.h"
-#include "platform/Services.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Services.h"
+#include "runtime/Values.h"
 #include "util/WindowNotifications.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "util/FileDialogs.h"
 
-#include "platform/Dialogs.h"
+#include "runtime/Dialogs.h"
 
 namespace kwFieldDeck {
 

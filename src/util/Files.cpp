@@ -1,6 +1,6 @@
 #include "util/Files.h"
 
-#include "platform/FileSystem.h"
+#include "runtime/FileSystem.h"
 
 #include <QFile>
 #include <QStringDecoder>

@@ -1,6 +1,6 @@
 #include "util/Numbers.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 namespace kwFieldDeck {
 

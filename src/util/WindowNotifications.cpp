@@ -1,7 +1,7 @@
 #include "util/WindowNotifications.h"
 
-#include "platform/Error.h"
-#include "platform/SettingsStore.h"
+#include "runtime/Error.h"
+#include "runtime/SettingsStore.h"
 
 #include <QWidget>
 

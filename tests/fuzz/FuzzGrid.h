@@ -9,9 +9,9 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/kwPropertyControl_p.h"
-#include "platform/ClassFactory.h"
-#include "platform/Control.h"
-#include "platform/MessageBox.h"
+#include "runtime/ClassFactory.h"
+#include "runtime/Control.h"
+#include "runtime/MessageBox.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -3,7 +3,7 @@
 // What every fuzz target shares: a failed expectation stops the run with a message (libFuzzer
 // then keeps the input as a crash), and the library's errors are told apart from faults.
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QString>
 

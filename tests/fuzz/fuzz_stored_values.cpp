@@ -4,7 +4,7 @@
 
 #include "FuzzGrid.h"
 
-#include "platform/SettingsStore.h"
+#include "runtime/SettingsStore.h"
 
 using namespace kwFieldDeck;
 using namespace kwFieldDeck::fuzz;

@@ -4,7 +4,7 @@
 
 #include "FuzzSupport.h"
 
-#include "platform/Values.h"
+#include "runtime/Values.h"
 
 #include <QDate>
 #include <QVariant>

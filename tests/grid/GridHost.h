@@ -6,8 +6,8 @@
 #include "fieldmodel/Fields_p.h"
 #include "grid/GridView.h"
 #include "grid/kwPropertyControl_p.h"
-#include "platform/ClassFactory.h"
-#include "platform/Control.h"
+#include "runtime/ClassFactory.h"
+#include "runtime/Control.h"
 
 #include "TestSupport.h"
 

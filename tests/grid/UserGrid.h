@@ -8,7 +8,7 @@
 
 #include "editors/FieldKind.h"
 #include "fieldmodel/DropDownValues_p.h"
-#include "platform/Dialogs.h"
+#include "runtime/Dialogs.h"
 
 #include <QApplication>
 #include <QDate>

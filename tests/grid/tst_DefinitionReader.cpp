@@ -5,7 +5,7 @@
 #include "editors/FieldKinds_p.h"
 #include "fieldmodel/DropDownValues_p.h"
 #include "grid/DefinitionText.h"
-#include "platform/Values.h"
+#include "runtime/Values.h"
 #include <kwFieldDeck/DropDownValue.h>
 
 #include <QDir>

@@ -7,8 +7,8 @@
 
 #include "grid/UserGrid.h"
 
-#include "platform/Clipboard.h"
-#include "platform/Values.h"
+#include "runtime/Clipboard.h"
+#include "runtime/Values.h"
 
 #include <QLineEdit>
 

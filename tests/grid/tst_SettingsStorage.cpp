@@ -2,9 +2,9 @@
 
 #include "GridHost.h"
 
-#include "platform/FolderConditions.h"
-#include "platform/SettingsStore.h"
-#include "platform/Values.h"
+#include "runtime/FolderConditions.h"
+#include "runtime/SettingsStore.h"
+#include "runtime/Values.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "grid/GridHost.h"
 
-#include "platform/Twips.h"
+#include "runtime/Twips.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "memo/ModalShowDriver.h"
 #include "memo/frmChooseFont.h"
-#include "platform/Services.h"
+#include "runtime/Services.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "memo/ModalShowDriver.h"
 #include "memo/frmChooseFont.h"
 #include "memo/frmMemo.h"
-#include "platform/Services.h"
-#include "platform/SettingsStore.h"
+#include "runtime/Services.h"
+#include "runtime/SettingsStore.h"
 
 #include "TestSupport.h"
 

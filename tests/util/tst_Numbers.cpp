@@ -1,6 +1,6 @@
 #include "util/Numbers.h"
 
-#include "platform/RaisedError.h"
+#include "runtime/RaisedError.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "platform/LineBreaks.h"
+#include "runtime/LineBreaks.h"
 
 namespace kwFieldDeck {
 

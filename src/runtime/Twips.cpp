@@ -1,4 +1,4 @@
-#include "platform/Twips.h"
+#include "runtime/Twips.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
-#include "platform/Database.h"
+#include "runtime/Database.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QFileInfo>
 #include <QHash>

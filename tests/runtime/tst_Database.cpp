@@ -1,4 +1,4 @@
-#include "platform/Database.h"
+#include "runtime/Database.h"
 
 #include "RaisedError.h"
 #include "TestSupport.h"

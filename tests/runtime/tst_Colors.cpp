@@ -1,4 +1,4 @@
-#include "platform/Colors.h"
+#include "runtime/Colors.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "platform/Control.h"
+#include "runtime/Control.h"
 
 #include <QLineEdit>
 #include <QtTest>

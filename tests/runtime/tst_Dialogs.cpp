@@ -1,4 +1,4 @@
-#include "platform/Dialogs.h"
+#include "runtime/Dialogs.h"
 
 #include <QtTest>
 

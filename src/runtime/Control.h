@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Colors.h"
-#include "platform/Twips.h"
+#include "runtime/Colors.h"
+#include "runtime/Twips.h"
 
 #include <QFont>
 #include <QObject>

@@ -1,6 +1,6 @@
-#include "platform/Dialogs.h"
+#include "runtime/Dialogs.h"
 
-#include "platform/FileSystem.h"
+#include "runtime/FileSystem.h"
 
 #include <QApplication>
 #include <QDir>

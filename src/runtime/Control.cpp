@@ -1,6 +1,6 @@
-#include "platform/Control.h"
+#include "runtime/Control.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,6 +1,6 @@
-#include "platform/SettingsStore.h"
+#include "runtime/SettingsStore.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QCryptographicHash>
 #include <QDir>

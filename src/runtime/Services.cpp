@@ -1,6 +1,6 @@
-#include "platform/Services.h"
+#include "runtime/Services.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QApplication>
 #include <QFontDatabase>

@@ -1,5 +1,5 @@
-#include "platform/FolderConditions.h"
-#include "platform/SettingsStore.h"
+#include "runtime/FolderConditions.h"
+#include "runtime/SettingsStore.h"
 
 #include "RaisedError.h"
 #include "TestSupport.h"

@@ -1,5 +1,5 @@
-#include "platform/Error.h"
-#include "platform/Values.h"
+#include "runtime/Error.h"
+#include "runtime/Values.h"
 
 #include "RaisedError.h"
 

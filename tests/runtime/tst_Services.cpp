@@ -1,4 +1,4 @@
-#include "platform/Services.h"
+#include "runtime/Services.h"
 
 #include <QLineEdit>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
-#include "platform/Values.h"
+#include "runtime/Values.h"
 
-#include "platform/Error.h"
+#include "runtime/Error.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -1,7 +1,7 @@
-#include "platform/Clipboard.h"
+#include "runtime/Clipboard.h"
 
-#include "platform/Error.h"
-#include "platform/LineBreaks.h"
+#include "runtime/Error.h"
+#include "runtime/LineBreaks.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
-#include "platform/UserControl.h"
+#include "runtime/UserControl.h"
 
-#include "platform/Control.h"
-#include "platform/Error.h"
+#include "runtime/Control.h"
+#include "runtime/Error.h"
 
 #include <QApplication>
 

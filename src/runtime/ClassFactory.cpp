@@ -1,8 +1,8 @@
-#include "platform/ClassFactory.h"
+#include "runtime/ClassFactory.h"
 
-#include "platform/CaselessKey.h"
-#include "platform/Control.h"
-#include "platform/Error.h"
+#include "runtime/CaselessKey.h"
+#include "runtime/Control.h"
+#include "runtime/Error.h"
 
 #include <QHash>
 

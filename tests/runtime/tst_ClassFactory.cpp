@@ -1,6 +1,6 @@
-#include "platform/ClassFactory.h"
-#include "platform/Control.h"
-#include "platform/Error.h"
+#include "runtime/ClassFactory.h"
+#include "runtime/Control.h"
+#include "runtime/Error.h"
 
 #include <kwFieldDeck/kwPropertyControl.h>
 
