@@ -7,8 +7,6 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/kwPropertyControl_p.h"
-#include "runtime/ClassFactory.h"
-#include "runtime/Control.h"
 #include "runtime/Error.h"
 #include "runtime/MessageBox.h"
 
@@ -56,27 +54,17 @@ QString definitionOf(const std::vector<bench::Row> &rows)
     return def;
 }
 
-// The grid as a host places it: created through its extender inside the host's window.
+// The grid as a host places it: filling the host's window.
 class Host
 {
 public:
     explicit Host(QWidget *window)
-        : m_extender(ClassFactory::create(libraryTitle() + QStringLiteral(".kwPropertyControl"),
-            QStringLiteral("kwPropertyControl1"), window))
-        , m_grid(qobject_cast<kwPropertyControl *>(m_extender->widget()))
+        : m_grid(new kwPropertyControl(window))
     {
-        m_extender->setContainer(window);
-        m_extender->Move(0, 0, float(window->width() * twipsPerPixelX()),
-            float(window->height() * twipsPerPixelY()));
-        m_extender->setVisible(true);
+        m_grid->setGeometry(window->rect());
+        m_grid->show();
     }
-    // The grid is a child of the window, which outlives the host: it goes first, then its
-    // extender.
-    ~Host()
-    {
-        delete m_grid;
-        delete m_extender;
-    }
+    ~Host() { delete m_grid; }
 
     kwPropertyControl *grid() const { return m_grid; }
 
@@ -88,7 +76,6 @@ public:
     }
 
 private:
-    Control *m_extender;
     kwPropertyControl *m_grid;
 };
 

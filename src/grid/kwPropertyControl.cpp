@@ -3,26 +3,20 @@
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/GridView.h"
-#include "runtime/ClassFactory.h"
 #include "runtime/Error.h"
 #include "runtime/Values.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
 
 namespace kwFieldDeck {
 
-namespace {
-// Hosts that build their windows from class identifiers create the grid like any control.
-const bool registered
-    = ClassFactory::registerUserControl<kwPropertyControl>(libraryTitle() + ".kwPropertyControl");
-} // namespace
-
 kwPropertyControl::kwPropertyControl(QWidget *parent)
     : QWidget(parent)
     , d_ptr(std::make_unique<kwPropertyControlPrivate>(this))
 {
-    d_func()->initNew();
+    d_func()->UserControl_InitProperties();
 }
 
 kwPropertyControl::~kwPropertyControl() = default;
@@ -140,11 +134,11 @@ void kwPropertyControl::setAppPath(const QString &path)
 }
 bool kwPropertyControl::ambientUserMode() const
 {
-    return d_func()->ambientUserMode();
+    return d_func()->m_userMode;
 }
 void kwPropertyControl::setAmbientUserMode(bool userMode)
 {
-    d_func()->setAmbientUserMode(userMode);
+    d_func()->m_userMode = userMode;
 }
 void kwPropertyControl::SetFocus()
 {
@@ -234,8 +228,7 @@ bool kwPropertyControl::focusNextPrevChild(bool next)
 }
 
 kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
-    : UserControl(grid)
-    , m_Font(ambientFont())
+    : m_Font(grid->font())
     , q_ptr(grid)
     , picOuter(new GridView(this, grid))
     , VScroll1(new QScrollBar(Qt::Vertical, picOuter))
@@ -253,7 +246,14 @@ kwPropertyControlPrivate::kwPropertyControlPrivate(kwPropertyControl *grid)
     VScroll1->show();
     m_Fields = new kwFieldDeck::Fields(grid);
     FieldsPrivate::get(m_Fields)->m_ParentClass = this;
-    paintThrough(picOuter);
+    // The grid shows the button face behind its viewport.
+    QPalette palette = grid->palette();
+    palette.setColor(
+        QPalette::Window, toQColor(SystemColor::ButtonFace, QApplication::palette(grid)));
+    grid->setPalette(palette);
+    grid->setAutoFillBackground(true);
+    grid->installEventFilter(this);
+    picOuter->installEventFilter(this);
     applyAppearance(1);
     applyColors();
     connect(VScroll1, &QScrollBar::valueChanged, this, &kwPropertyControlPrivate::VScroll1_Change);
@@ -273,20 +273,17 @@ void kwPropertyControlPrivate::setBackColor(OleColor color)
     trap("Property 'BackColor' of User Control 'kwPropertyControl'", [&] {
         m_BackColor = color;
         applyColors();
-        propertyChanged(QStringLiteral("BackColor"));
     });
 }
 
 void kwPropertyControlPrivate::setForeColor(OleColor color)
 {
     m_ForeColor = color;
-    propertyChanged(QStringLiteral("ForeColor"));
 }
 
 void kwPropertyControlPrivate::setStoredEnabled(bool enabled)
 {
     m_Enabled = enabled;
-    propertyChanged(QStringLiteral("Enabled"));
 }
 
 // The grid's Font is its widget's font, so whatever sets that font reaches every row.
@@ -294,10 +291,7 @@ void kwPropertyControlPrivate::widgetFontChanged()
 {
     if (q_ptr->font() == m_Font)
         return;
-    trap("Property 'Font' of User Control 'kwPropertyControl'", [&] {
-        applyFont();
-        propertyChanged(QStringLiteral("Font"));
-    });
+    trap("Property 'Font' of User Control 'kwPropertyControl'", [&] { applyFont(); });
 }
 
 // Every row shows the grid's font, the live editor too.
@@ -334,24 +328,21 @@ void kwPropertyControlPrivate::setDefinition(const QString &text)
 void kwPropertyControlPrivate::setBackStyle(qint16 style)
 {
     m_BackStyle = style;
-    propertyChanged(QStringLiteral("BackStyle"));
 }
 
 void kwPropertyControlPrivate::setBorderStyle(qint16 style)
 {
     m_BorderStyle = style;
-    propertyChanged(QStringLiteral("BorderStyle"));
 }
 
 qint16 kwPropertyControlPrivate::ScaleMode() const
 {
-    return qint16(surfaceScaleMode());
+    return m_ScaleMode;
 }
 
 void kwPropertyControlPrivate::setScaleMode(qint16 mode)
 {
-    setSurfaceScaleMode(mode);
-    propertyChanged(QStringLiteral("ScaleMode"));
+    m_ScaleMode = mode;
 }
 
 // The viewport's border: 0 flat, 1 sunken; any other value is refused.
@@ -367,10 +358,8 @@ void kwPropertyControlPrivate::applyAppearance(qint16 appearance)
 
 void kwPropertyControlPrivate::setAppearance(qint16 appearance)
 {
-    trap("Property 'Appearance' of User Control 'kwPropertyControl'", [&] {
-        applyAppearance(appearance);
-        propertyChanged(QStringLiteral("Appearance"));
-    });
+    trap("Property 'Appearance' of User Control 'kwPropertyControl'",
+        [&] { applyAppearance(appearance); });
 }
 
 void kwPropertyControlPrivate::setFieldNameBackColor(OleColor color)
@@ -380,7 +369,6 @@ void kwPropertyControlPrivate::setFieldNameBackColor(OleColor color)
         // Every name cell takes the colour, the highlighted one too.
         m_highlighted = nullptr;
         picOuter->update();
-        propertyChanged(QStringLiteral("FieldNameBackColor"));
     });
 }
 
@@ -390,7 +378,6 @@ void kwPropertyControlPrivate::setFieldNameForeColor(OleColor color)
         m_FieldNameForeColor = color;
         m_highlighted = nullptr;
         picOuter->update();
-        propertyChanged(QStringLiteral("FieldNameForeColor"));
     });
 }
 
@@ -408,7 +395,7 @@ void kwPropertyControlPrivate::UserControl_InitProperties()
         m_ForeColor = DefaultForeColor;
         m_Enabled = false;
         // Only the reference is kept here; the canvas and the fields get the font when it is set.
-        m_Font = ambientFont();
+        m_Font = q_ptr->font();
         m_BackStyle = 0;
         m_BorderStyle = 0;
         m_FieldNameWidth = 750;

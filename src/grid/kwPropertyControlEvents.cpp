@@ -11,7 +11,7 @@ void kwPropertyControlPrivate::RaiseChangedEvent(Field *oField)
 {
     trap("Sub 'RaiseChangedEvent' of User Control 'kwPropertyControl'", [&] {
         // A grid on a form being designed tells nobody of edits.
-        if (ambientUserMode())
+        if (m_userMode)
             emit q_ptr->Changed(oField);
     });
 }

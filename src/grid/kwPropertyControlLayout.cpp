@@ -24,19 +24,29 @@ constexpr float ViewportFrame = 60;
 constexpr float ScrollBarWidth = 255;
 } // namespace
 
+float kwPropertyControlPrivate::outerWidth() const
+{
+    return float(q_ptr->width() * twipsPerPixelX());
+}
+
+float kwPropertyControlPrivate::outerHeight() const
+{
+    return float(q_ptr->height() * twipsPerPixelY());
+}
+
 // The viewport's size as the container sees it, taken when the grid is resized: every row's
 // creation asks for it.
 float kwPropertyControlPrivate::viewportWidth() const
 {
     if (m_viewportSize.isEmpty())
-        return extenderWidth();
+        return outerWidth();
     return float(m_viewportSize.width());
 }
 
 float kwPropertyControlPrivate::viewportHeight() const
 {
     if (m_viewportSize.isEmpty())
-        return extenderHeight();
+        return outerHeight();
     return float(m_viewportSize.height());
 }
 
@@ -181,10 +191,9 @@ void kwPropertyControlPrivate::setFieldNameWidth(float width)
 {
     trap("Property 'FieldNameWidth' of User Control 'kwPropertyControl'", [&] {
         // A name column that leaves no room for the scroll bar is ignored silently.
-        if (ScrollBarWidth + width > extenderWidth())
+        if (ScrollBarWidth + width > outerWidth())
             return;
         m_FieldNameWidth = width;
-        propertyChanged(QStringLiteral("FieldNameWidth"));
         q_ptr->updateGeometry();
         m_layoutStale = true;
         Refresh(true);
@@ -197,7 +206,6 @@ void kwPropertyControlPrivate::setRowHeight(float height)
         // Takes effect at the next full layout; existing editors keep their heights.
         m_RowHeight = height;
         m_layoutStale = true;
-        propertyChanged(QStringLiteral("RowHeight"));
     });
 }
 
@@ -220,7 +228,7 @@ void kwPropertyControlPrivate::AutoSizeFieldNameWidths()
 void kwPropertyControlPrivate::UserControl_Resize()
 {
     trap("Sub 'UserControl_Resize' of User Control 'kwPropertyControl'", [&] {
-        m_viewportSize = QSizeF(extenderWidth(), extenderHeight());
+        m_viewportSize = QSizeF(outerWidth(), outerHeight());
         picOuter->setGeometry(q_ptr->rect());
         // At the right end of the viewport's inner width, from its top.
         const int barWidth = twipsToPixelsX(ScrollBarWidth);
@@ -236,7 +244,7 @@ void kwPropertyControlPrivate::UserControl_Paint()
     trap("Sub 'UserControl_Paint' of User Control 'kwPropertyControl'", [&] {
         Refresh(false);
         // Containers here always measure in twips, so the repaint puts the scale back to it.
-        setSurfaceScaleMode(1);
+        m_ScaleMode = 1;
     });
 }
 

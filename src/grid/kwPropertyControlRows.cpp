@@ -240,10 +240,26 @@ void kwPropertyControlPrivate::applyColors()
     picOuter->update();
 }
 
-// Tab and Shift+Tab from outside enter the first or the last row; the grid itself keeps a focus
-// that a click on no row or a row's change of editor gave it.
+// The grid's resize lays the rows out again, and its paint lets a pending layout run; so does
+// the viewport's paint, once the painting is done. Tab and Shift+Tab from outside enter the first
+// or the last row; the grid itself keeps a focus that a click on no row or a row's change of editor
+// gave it.
 bool kwPropertyControlPrivate::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == q_ptr && event->type() == QEvent::Resize)
+        UserControl_Resize();
+    else if (watched == q_ptr && event->type() == QEvent::Paint)
+        UserControl_Paint();
+    else if (event->type() == QEvent::Paint && !m_paintPending) {
+        m_paintPending = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_paintPending = false;
+                UserControl_Paint();
+            },
+            Qt::QueuedConnection);
+    }
     if (watched == q_ptr && event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         const bool backwards = reason == Qt::BacktabFocusReason;
@@ -257,7 +273,7 @@ bool kwPropertyControlPrivate::eventFilter(QObject *watched, QEvent *event)
         if (entering && row)
             m_rowEditor.enter(row, backwards);
     }
-    return UserControl::eventFilter(watched, event);
+    return false;
 }
 
 bool kwPropertyControlPrivate::focusNextPrevChild(bool next)

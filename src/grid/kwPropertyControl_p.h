@@ -5,7 +5,6 @@
 #include "fieldmodel/FieldHost.h"
 #include "grid/RowEditor.h"
 #include "runtime/Colors.h"
-#include "runtime/UserControl.h"
 
 #include <QFont>
 #include <QPointer>
@@ -36,7 +35,7 @@ struct CanvasRow
 // The grid's state and its workings. The rows are data, painted by the viewport picOuter with
 // the style; the canvas they lie on is scrolled by the scroll bar VScroll1, and the row with
 // the focus has a live editor (RowEditor). Geometry is in twips.
-class kwPropertyControlPrivate : public UserControl, public FieldHost
+class kwPropertyControlPrivate : public QObject, public FieldHost
 {
     Q_OBJECT
 public:
@@ -152,17 +151,26 @@ public:
     QString m_Definition;
     QVector<QPointer<Field>> m_DefinitionFields;
 
-protected:
-    void UserControl_InitProperties() override;
-    void UserControl_Resize() override;
-    void UserControl_Paint() override;
+    // Whether the host runs rather than designs (Designer designs): Changed is raised in run
+    // mode only.
+    bool m_userMode = true;
+    qint16 m_ScaleMode = 1;
 
+    // A new grid's properties.
+    void UserControl_InitProperties();
+
+protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public:
     bool focusNextPrevChild(bool next);
 
 private:
+    // The grid's size changed; the viewport was painted.
+    void UserControl_Resize();
+    void UserControl_Paint();
+    float outerWidth() const;
+    float outerHeight() const;
     void VScroll1_Change();
     void VScroll1_Scroll();
     void applyFont();
@@ -193,6 +201,7 @@ private:
     // Where the next laid-out row goes: below the last one of the layout.
     float m_laidBottom = 0;
     bool m_layoutStale = false;
+    bool m_paintPending = false;
     QSizeF m_viewportSize;
     float m_canvasTop = 0;
     float m_canvasHeight = 0;

@@ -1,13 +1,12 @@
 #pragma once
 
-// A window holding one grid, created as its container sees it: its outer size in twips is exact.
+// A window holding one grid of the given size in twips (whole pixels of 15 twips).
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
 #include "grid/GridView.h"
 #include "grid/kwPropertyControl_p.h"
-#include "runtime/ClassFactory.h"
-#include "runtime/Control.h"
+#include "runtime/Twips.h"
 
 #include "TestSupport.h"
 
@@ -20,15 +19,12 @@ namespace kwFieldDeck::test {
 class GridHost
 {
 public:
-    explicit GridHost(float width = 4000, float height = 1215, bool show = true)
+    explicit GridHost(float width = 4005, float height = 1215, bool show = true)
     {
         window.resize(twipsToPixelsX(width) + 40, twipsToPixelsY(height) + 40);
-        Control *extender = ClassFactory::create(
-            libraryTitle() + ".kwPropertyControl", QStringLiteral("kwPropertyControl1"), &window);
-        extender->setContainer(&window);
-        extender->Move(0, 0, width, height);
-        extender->setVisible(true);
-        grid = qobject_cast<kwPropertyControl *>(extender->widget());
+        grid = new kwPropertyControl(&window);
+        grid->setObjectName(QStringLiteral("kwPropertyControl1"));
+        grid->setGeometry(0, 0, twipsToPixelsX(width), twipsToPixelsY(height));
         if (show)
             this->show();
     }

@@ -92,7 +92,7 @@ private slots:
     void downWalksPastTheRealizedRows()
     {
         QFETCH(int, key);
-        GridHost host(4000, float(400 * twipsPerPixelY()));
+        GridHost host(4005, float(400 * twipsPerPixelY()));
         for (int i = 0; i < 150; ++i)
             host.add(QStringLiteral("Row%1").arg(i), ftText);
         host.grid->Refresh(true);

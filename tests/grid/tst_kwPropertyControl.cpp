@@ -76,9 +76,7 @@ private slots:
         const Persisted &p = persisted().at(row);
         GridHost saved;
         QCOMPARE(saved.grid->property(p.name),
-            p.initial.isValid()
-                ? p.initial
-                : QVariant(kwPropertyControlPrivate::get(saved.grid)->ambientFont()));
+            p.initial.isValid() ? p.initial : QVariant(saved.window.font()));
         QVERIFY(saved.grid->metaObject()
                     ->property(saved.grid->metaObject()->indexOfProperty(p.name))
                     .isStored());
@@ -200,7 +198,7 @@ private slots:
     {
         QFETCH(int, rows);
         QFETCH(int, maximum);
-        GridHost host(4000, 1215);
+        GridHost host(4005, 1215);
         host.addRows(rows);
         host.grid->Refresh(true);
         QCOMPARE(host.scrollBar()->isEnabled(), maximum > 0);
@@ -230,9 +228,9 @@ private slots:
         QTest::addColumn<float>("nameWidth");
         QTest::addColumn<float>("left");
         QTest::addColumn<float>("width");
-        QTest::newRow("new instance") << 0.0f << 725.0f << 2955.0f;
-        QTest::newRow("wider names") << 1000.0f << 975.0f << 2705.0f;
-        QTest::newRow("names too wide are ignored") << 3800.0f << 725.0f << 2955.0f;
+        QTest::newRow("new instance") << 0.0f << 725.0f << 2960.0f;
+        QTest::newRow("wider names") << 1000.0f << 975.0f << 2710.0f;
+        QTest::newRow("names too wide are ignored") << 3800.0f << 725.0f << 2960.0f;
     }
 
     void editorsFillTheValueColumn()
@@ -240,12 +238,12 @@ private slots:
         QFETCH(float, nameWidth);
         QFETCH(float, left);
         QFETCH(float, width);
-        GridHost host(4000, 1215);
+        GridHost host(4005, 1215);
         Field *text = host.add("Host");
         Field *date = host.add("Start", ftDate);
         // The date picker is created 10 twips wider than the other editors (intended).
         QCOMPARE(host.row(date).editorLeft, 725.0f);
-        QCOMPARE(host.row(date).editorWidth, 2965.0f);
+        QCOMPARE(host.row(date).editorWidth, 2970.0f);
         if (nameWidth > 0)
             host.grid->setFieldNameWidth(nameWidth);
         QCOMPARE(host.row(text).width, left + 25);
@@ -309,7 +307,7 @@ private slots:
     // The row at the bottom edge shows its top border line only; a click there scrolls it in.
     void clickingNameCellAtTheBottomEdgeScrollsRowByRow()
     {
-        GridHost host(4000, 1215);
+        GridHost host(4005, 1215);
         QVERIFY(host.shown);
         host.addRows(10);
         host.grid->Refresh(true);
@@ -325,7 +323,7 @@ private slots:
     // A row out of view comes into it with the focus, and the view can leave it again.
     void theFocusBringsARowIntoViewAndStaysWhenScrolledAway()
     {
-        GridHost host(4000, 1215);
+        GridHost host(4005, 1215);
         QVERIFY(host.shown);
         host.addRows(200);
         host.grid->Refresh(true);
