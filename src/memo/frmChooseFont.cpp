@@ -1,12 +1,12 @@
 #include "memo/frmChooseFont.h"
 
 #include "runtime/Error.h"
-#include "runtime/Services.h"
 #include "runtime/Values.h"
 #include "util/WindowNotifications.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QFontDatabase>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -111,7 +111,7 @@ void frmChooseFont::LoadFonts()
     trap("Sub 'LoadFonts' of Form 'frmChooseFont'", [&] {
         if (lstFonts->count() != 0)
             return;
-        for (const QString &family : screenFontFamilies()) {
+        for (const QString &family : QFontDatabase::families()) {
             lstFonts->addItem(family);
             if (family == m_FontName)
                 lstFonts->setCurrentRow(lstFonts->count() - 1);

@@ -5,7 +5,6 @@
 #include "runtime/Clipboard.h"
 #include "runtime/Error.h"
 #include "runtime/LineBreaks.h"
-#include "runtime/Services.h"
 #include "runtime/SettingsStore.h"
 #include "runtime/Values.h"
 #include "util/FileDialogs.h"
@@ -349,8 +348,12 @@ void frmMemo::btnTab1_GotFocus(Qt::FocusReason reason)
         // trap and nothing is deleted. Intended.
         if (p < 1)
             kwFieldDeck::raise(ErrInvalidCall);
-        if (txtMemo->document()->characterAt(p - 1) == u'\t')
-            SendKeys(QStringLiteral("{Backspace}"));
+        // Shift+Tab takes back the tab before the caret, as Backspace would.
+        if (txtMemo->document()->characterAt(p - 1) == u'\t') {
+            QTextCursor cursor = txtMemo->textCursor();
+            cursor.deletePreviousChar();
+            txtMemo->setTextCursor(cursor);
+        }
     });
 }
 
@@ -360,8 +363,9 @@ void frmMemo::btnTab2_GotFocus(Qt::FocusReason reason)
         if (GotFocusMethod(reason) != 1)
             return;
         txtMemo->setFocus();
+        // Tab types a tab into the memo rather than leaving it; over a selection it does nothing.
         if (!txtMemo->textCursor().hasSelection())
-            SendKeys(QStringLiteral("^{Tab}"));
+            txtMemo->insertPlainText(QStringLiteral("\t"));
     });
 }
 

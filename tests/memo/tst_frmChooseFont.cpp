@@ -1,6 +1,6 @@
 #include "memo/ModalShowDriver.h"
 #include "memo/frmChooseFont.h"
-#include "runtime/Services.h"
+#include <QFontDatabase>
 
 #include <QComboBox>
 #include <QLabel>
@@ -15,10 +15,10 @@ class tst_frmChooseFont : public QObject
 private slots:
     void pickingShowsTheSampleAndTheCloseButtonCancels()
     {
-        const QString family = screenFontFamilies().last();
+        const QString family = QFontDatabase::families().last();
         test::ModalShowDriver driver([&](QDialog &dialog) {
             auto &chooser = static_cast<frmChooseFont &>(dialog);
-            QCOMPARE(chooser.lstFonts->count(), screenFontFamilies().size());
+            QCOMPARE(chooser.lstFonts->count(), QFontDatabase::families().size());
             test::clickRow(chooser.lstFonts, chooser.lstFonts->count() - 1);
             QTest::keyClicks(chooser.cboSize, QStringLiteral("18"));
             QCOMPARE(chooser.lblSample->font().family(), family);
@@ -42,7 +42,7 @@ private slots:
         QTest::addColumn<QVariant>("first");
         QTest::addColumn<QVariant>("then");
         QTest::addColumn<QString>("selected");
-        const QStringList families = screenFontFamilies();
+        const QStringList families = QFontDatabase::families();
         const QString a = families.value(0);
         const QString b = families.value(1);
         const QString bOtherCase = b.toLower() != b ? b.toLower() : b.toUpper();

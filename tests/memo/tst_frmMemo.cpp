@@ -1,8 +1,8 @@
 #include "memo/ModalShowDriver.h"
 #include "memo/frmChooseFont.h"
 #include "memo/frmMemo.h"
-#include "runtime/Services.h"
 #include "runtime/SettingsStore.h"
+#include <QFontDatabase>
 
 #include "TestSupport.h"
 
@@ -181,7 +181,7 @@ private slots:
     {
         QFETCH(bool, ok);
         QFETCH(bool, damagedStore);
-        const QStringList families = screenFontFamilies();
+        const QStringList families = QFontDatabase::families();
         const int other = families.first() == QLatin1String("MS Sans Serif") ? 1 : 0;
         const QString expected = ok ? families.value(other) + QStringLiteral("|14")
                                     : QStringLiteral("MS Sans Serif|10");
@@ -222,7 +222,7 @@ private slots:
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("expected");
         QTest::newRow("default font") << QString() << "MS Sans Serif|11";
-        const QStringList families = screenFontFamilies();
+        const QStringList families = QFontDatabase::families();
         for (const QString &family : families) {
             const QString other = family.toUpper() != family ? family.toUpper() : family.toLower();
             if (other != family && !families.contains(other)) {
