@@ -28,35 +28,10 @@ constexpr double BoxTop = 15;
 const char *const ShownProperty = "kwShown";
 } // namespace
 
-BrowseKind::BrowseKind(Browse browse)
-    : m_browse(browse)
+BrowseKind::BrowseKind(Browse browse, Sources sources)
+    : FieldKind(sources)
+    , m_browse(browse)
 {
-}
-
-const char *BrowseKind::creatorSource() const
-{
-    switch (m_browse) {
-    case Browse::File:
-        return "Function 'AddFileSelectorField' of User Control 'kwPropertyControl'";
-    case Browse::Folder:
-        return "Function 'AddFolderSelectorField' of User Control 'kwPropertyControl'";
-    case Browse::Memo:
-        break;
-    }
-    return "Function 'AddMemoField' of User Control 'kwPropertyControl'";
-}
-
-const char *BrowseKind::changeSource() const
-{
-    switch (m_browse) {
-    case Browse::File:
-        return "Sub 'm_FileSelector_Change' of Class Module 'Field'";
-    case Browse::Folder:
-        return "Sub 'm_FolderSelector_Change' of Class Module 'Field'";
-    case Browse::Memo:
-        break;
-    }
-    return "Sub 'm_Memo_Change' of Class Module 'Field'";
 }
 
 // The value's text in the box: a path as it is (fitted only where it is shown), a memo's

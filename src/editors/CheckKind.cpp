@@ -16,16 +16,6 @@
 
 namespace kwFieldDeck {
 
-const char *CheckKind::creatorSource() const
-{
-    return "Function 'AddCheckBox' of User Control 'kwPropertyControl'";
-}
-
-const char *CheckKind::changeSource() const
-{
-    return "Sub 'm_ValueCheckBox_Click' of Class Module 'Field'";
-}
-
 // A value that reads neither as true nor as false fails the creation.
 void CheckKind::create(EditorState &state, const QVariant &value) const
 {

@@ -24,16 +24,6 @@ QString ComboKind::shownText(const EditorState &state)
     return state.listIndex >= 0 ? state.entries.at(state.listIndex).text : QString();
 }
 
-const char *ComboKind::creatorSource() const
-{
-    return "Function 'AddComboBox' of User Control 'kwPropertyControl'";
-}
-
-const char *ComboKind::changeSource() const
-{
-    return "Sub 'm_ValueComboBox_Change' of Class Module 'Field'";
-}
-
 void ComboKind::create(EditorState &state, const QVariant &value) const
 {
     Changes ignored;

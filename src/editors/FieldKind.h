@@ -51,15 +51,24 @@ struct EditorPaint
 class FieldKind
 {
 public:
+    // The error sources of the creator of this type's editor and of the field's handler of its
+    // change event.
+    struct Sources
+    {
+        const char *creator;
+        const char *change;
+    };
+
+    explicit FieldKind(Sources sources)
+        : sources(sources)
+    {
+    }
     virtual ~FieldKind() = default;
 
     // The entry of a field type, or null for a type that has no editor.
     static const FieldKind *of(qint32 type);
 
-    // The error sources of the creator of this type's editor and of the field's handler of its
-    // change event.
-    virtual const char *creatorSource() const = 0;
-    virtual const char *changeSource() const = 0;
+    const Sources sources;
     // The editor's first state, from the field's value when the row is made; may raise, as a
     // value the editor cannot take does.
     virtual void create(EditorState &state, const QVariant &value) const = 0;
@@ -91,5 +100,16 @@ public:
     // The part that the focus goes to when the row is entered by code or a click on its name.
     virtual QWidget *focusTarget(QWidget *editor) const;
 };
+
+// The members that every field type defines.
+#define KW_FIELD_KIND                                                                              \
+    void create(EditorState &state, const QVariant &value) const override;                         \
+    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;         \
+    QVariant reportedValue(const EditorState &state) const override;                               \
+    QString valueText(const EditorState &state) const override;                                    \
+    void paint(const EditorPaint &paint, const EditorState &state) const override;                 \
+    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;                   \
+    void UpdateControl(QWidget *editor, const EditorState &state) const override;                  \
+    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 
 } // namespace kwFieldDeck

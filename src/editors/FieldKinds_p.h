@@ -9,18 +9,9 @@ namespace kwFieldDeck {
 class TextKind : public FieldKind
 {
 public:
-    explicit TextKind(bool numeric);
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
+    TextKind(bool numeric, Sources sources);
+    KW_FIELD_KIND
     void applyColors(QPalette &palette, const EditorState &state) const override;
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 
 private:
     bool m_numeric;
@@ -29,55 +20,31 @@ private:
 class DateKind : public FieldKind
 {
 public:
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
+    using FieldKind::FieldKind;
+    KW_FIELD_KIND
     void applyMin(const QVariant &min, EditorState &state, Changes &changes) const override;
     void applyMax(const QVariant &min, const QVariant &max, EditorState &state,
         Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 };
 
 class CheckKind : public FieldKind
 {
 public:
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
+    using FieldKind::FieldKind;
+    KW_FIELD_KIND
     bool appliesEnabled() const override { return false; }
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 };
 
 class ComboKind : public FieldKind
 {
 public:
+    using FieldKind::FieldKind;
     // What the drop-down gives as its value: the selected entry's number or its text.
     static QString comboValue(const EditorState &state);
     // The drop-down's shown text: the selected entry's.
     static QString shownText(const EditorState &state);
 
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
+    KW_FIELD_KIND
 
 private:
     static bool select(const QString &value, EditorState &state, Changes &changes);
@@ -86,19 +53,11 @@ private:
 class SliderKind : public FieldKind
 {
 public:
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
+    using FieldKind::FieldKind;
+    KW_FIELD_KIND
     void applyMin(const QVariant &min, EditorState &state, Changes &changes) const override;
     void applyMax(const QVariant &min, const QVariant &max, EditorState &state,
         Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
     QWidget *focusTarget(QWidget *editor) const override;
 
 private:
@@ -112,19 +71,10 @@ class BrowseKind : public FieldKind
 {
 public:
     enum class Browse { File, Folder, Memo };
-    explicit BrowseKind(Browse browse);
+    BrowseKind(Browse browse, Sources sources);
 
-    const char *creatorSource() const override;
-    const char *changeSource() const override;
-    void create(EditorState &state, const QVariant &value) const override;
-    void showValue(QVariant &stored, EditorState &state, Changes &changes) const override;
-    QVariant reportedValue(const EditorState &state) const override;
-    QString valueText(const EditorState &state) const override;
+    KW_FIELD_KIND
     void applyColors(QPalette &palette, const EditorState &state) const override;
-    void paint(const EditorPaint &paint, const EditorState &state) const override;
-    QWidget *createEditor(QWidget *parent, EditorEvents *events) const override;
-    void UpdateControl(QWidget *editor, const EditorState &state) const override;
-    void GetValueFromControl(QWidget *editor, EditorState &state) const override;
 
 private:
     // The box's text: a path fitted to the box, or a memo's placeholder.

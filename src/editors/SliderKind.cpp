@@ -65,16 +65,6 @@ void SliderKind::keepInRange(EditorState &state, Changes &changes)
     moveSlider(state.sliderValue, state, changes);
 }
 
-const char *SliderKind::creatorSource() const
-{
-    return "Function 'AddSliderValue' of User Control 'kwPropertyControl'";
-}
-
-const char *SliderKind::changeSource() const
-{
-    return "Sub 'm_SliderValue_Change' of Class Module 'Field'";
-}
-
 void SliderKind::create(EditorState &state, const QVariant &value) const
 {
     // The number box's designed text shows until the first value.

@@ -21,21 +21,10 @@ void showTextIn(kwTextBox *box, const QString &text)
 }
 } // namespace
 
-TextKind::TextKind(bool numeric)
-    : m_numeric(numeric)
+TextKind::TextKind(bool numeric, Sources sources)
+    : FieldKind(sources)
+    , m_numeric(numeric)
 {
-}
-
-const char *TextKind::creatorSource() const
-{
-    return m_numeric ? "Function 'AddNumeric' of User Control 'kwPropertyControl'"
-                     : "Function 'AddTextBox' of User Control 'kwPropertyControl'";
-}
-
-const char *TextKind::changeSource() const
-{
-    return m_numeric ? "Sub 'm_ValueNumeric_Change' of Class Module 'Field'"
-                     : "Sub 'm_ValueTextBox_Change' of Class Module 'Field'";
 }
 
 void TextKind::create(EditorState &state, const QVariant &value) const
@@ -157,16 +146,6 @@ void moveDate(EditorState &state, const QDate &date, Changes &changes)
     changes << QVariant(state.date);
 }
 } // namespace
-
-const char *DateKind::creatorSource() const
-{
-    return "Function 'AddDatePicker' of User Control 'kwPropertyControl'";
-}
-
-const char *DateKind::changeSource() const
-{
-    return "Sub 'm_ValueDate_Change' of Class Module 'Field'";
-}
 
 void DateKind::create(EditorState &state, const QVariant &value) const
 {

@@ -242,7 +242,7 @@ void FieldPrivate::createEditor(const FieldKind *kind)
     m_editorKind = kind;
     m_hasEditor = true;
     m_editor = EditorState();
-    trap(kind->creatorSource(), [&] { kind->create(m_editor, value); });
+    trap(kind->sources.creator, [&] { kind->create(m_editor, value); });
     showChanges();
 }
 

@@ -27,7 +27,7 @@ void FieldPrivate::takeEditorChange(QWidget *editor)
     const FieldKind *kind = editorKind();
     if (!kind)
         return;
-    trap(kind->changeSource(), [&] {
+    trap(kind->sources.change, [&] {
         kind->GetValueFromControl(editor, m_editor);
         ChangeChain(kind->reportedValue(m_editor));
     });
