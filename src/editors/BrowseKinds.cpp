@@ -7,13 +7,13 @@
 #include "editors/RowPainter.h"
 #include "editors/kwBrowseField.h"
 #include "editors/kwTextBox.h"
-#include "memo/ModalShow.h"
-#include "memo/frmMemo.h"
+#include "editors/memo/ModalShow.h"
+#include "editors/memo/frmMemo.h"
+#include "runtime/FileDialogs.h"
 #include "runtime/FileSystem.h"
+#include "runtime/FitPath.h"
 #include "runtime/Twips.h"
 #include "runtime/Values.h"
-#include "util/FileDialogs.h"
-#include "util/FitPath.h"
 
 #include <algorithm>
 

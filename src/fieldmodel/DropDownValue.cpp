@@ -1,13 +1,6 @@
-#include <kwFieldDeck/DropDownValue.h>
+#include "fieldmodel/DropDownValues_p.h"
 
 namespace kwFieldDeck {
-
-class DropDownValuePrivate
-{
-public:
-    QString Key;
-    QString DisplayValue;
-};
 
 DropDownValue::DropDownValue(QObject *parent)
     : QObject(parent)

@@ -8,6 +8,13 @@ namespace kwFieldDeck {
 
 class Field;
 
+class DropDownValuePrivate
+{
+public:
+    QString Key;
+    QString DisplayValue;
+};
+
 class DropDownValuesPrivate
 {
 public:

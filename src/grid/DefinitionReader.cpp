@@ -10,11 +10,11 @@
 #include "runtime/Database.h"
 #include "runtime/Error.h"
 #include "runtime/FileSystem.h"
+#include "runtime/Files.h"
 #include "runtime/MessageBox.h"
+#include "runtime/Numbers.h"
+#include "runtime/Text.h"
 #include "runtime/Values.h"
-#include "util/Files.h"
-#include "util/Numbers.h"
-#include "util/Text.h"
 #include <kwFieldDeck/DropDownValues.h>
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "grid/DefinitionText.h"
 
-#include "util/Text.h"
+#include "runtime/Text.h"
 
 #include <QStringList>
 

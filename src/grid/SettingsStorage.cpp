@@ -7,8 +7,8 @@
 #include "runtime/Error.h"
 #include "runtime/MessageBox.h"
 #include "runtime/SettingsStore.h"
+#include "runtime/Text.h"
 #include "runtime/Values.h"
-#include "util/Text.h"
 
 #include <QStringList>
 

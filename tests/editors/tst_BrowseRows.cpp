@@ -3,7 +3,7 @@
 
 #include "RowParts.h"
 
-#include "memo/frmMemo.h"
+#include "editors/memo/frmMemo.h"
 
 #include <QDir>
 #include <QLineEdit>

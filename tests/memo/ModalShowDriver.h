@@ -3,7 +3,7 @@
 // While it lives, every memo window shown modally is handed to the handler inside its modal
 // loop, so that the handler can work the real window and close it.
 
-#include "memo/ModalShow.h"
+#include "editors/memo/ModalShow.h"
 
 #include <QDialog>
 #include <QListWidget>

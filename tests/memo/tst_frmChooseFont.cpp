@@ -1,5 +1,5 @@
+#include "editors/memo/frmChooseFont.h"
 #include "memo/ModalShowDriver.h"
-#include "memo/frmChooseFont.h"
 #include <QFontDatabase>
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
+#include "editors/memo/frmChooseFont.h"
+#include "editors/memo/frmMemo.h"
 #include "memo/ModalShowDriver.h"
-#include "memo/frmChooseFont.h"
-#include "memo/frmMemo.h"
 #include "runtime/SettingsStore.h"
 #include <QFontDatabase>
 

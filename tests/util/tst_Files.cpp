@@ -1,4 +1,4 @@
-#include "util/Files.h"
+#include "runtime/Files.h"
 
 #include "TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include "util/FitPath.h"
+#include "runtime/FitPath.h"
 
 #include <QFontMetrics>
 #include <QtTest>

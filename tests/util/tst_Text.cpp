@@ -1,4 +1,4 @@
-#include "util/Text.h"
+#include "runtime/Text.h"
 
 #include <QtTest>
 

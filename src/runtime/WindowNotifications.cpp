@@ -1,4 +1,4 @@
-#include "util/WindowNotifications.h"
+#include "runtime/WindowNotifications.h"
 
 #include "runtime/Error.h"
 #include "runtime/SettingsStore.h"

@@ -1,8 +1,8 @@
-#include "memo/frmChooseFont.h"
+#include "editors/memo/frmChooseFont.h"
 
 #include "runtime/Error.h"
 #include "runtime/Values.h"
-#include "util/WindowNotifications.h"
+#include "runtime/WindowNotifications.h"
 
 #include <QComboBox>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "memo/ModalShow.h"
+#include "editors/memo/ModalShow.h"
 
 #include <QDialog>
 #include <QTimer>

@@ -1,15 +1,15 @@
-#include "memo/frmMemo.h"
+#include "editors/memo/frmMemo.h"
 
-#include "memo/ModalShow.h"
-#include "memo/frmChooseFont.h"
+#include "editors/memo/ModalShow.h"
+#include "editors/memo/frmChooseFont.h"
 #include "runtime/Clipboard.h"
 #include "runtime/Error.h"
+#include "runtime/FileDialogs.h"
+#include "runtime/Files.h"
 #include "runtime/LineBreaks.h"
 #include "runtime/SettingsStore.h"
 #include "runtime/Values.h"
-#include "util/FileDialogs.h"
-#include "util/Files.h"
-#include "util/WindowNotifications.h"
+#include "runtime/WindowNotifications.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

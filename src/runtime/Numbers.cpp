@@ -1,4 +1,4 @@
-#include "util/Numbers.h"
+#include "runtime/Numbers.h"
 
 #include "runtime/Error.h"
 

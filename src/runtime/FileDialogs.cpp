@@ -1,4 +1,4 @@
-#include "util/FileDialogs.h"
+#include "runtime/FileDialogs.h"
 
 #include "runtime/Dialogs.h"
 
