@@ -2,6 +2,8 @@
 
 #include "runtime/Error.h"
 
+#include <kwFieldDeck/FieldValue.h>
+
 #include <QDateTime>
 #include <QLocale>
 #include <QObject>
@@ -315,6 +317,26 @@ QDate toDate(const QVariant &value)
         break;
     }
     raise(ErrTypeMismatch);
+}
+
+QString valueText(const QVariant &value)
+{
+    return trap("Function 'valueText' of Module 'FieldValue'", [&] { return textOf(value); });
+}
+
+QVariant plainValue(const QVariant &value, lFieldTypes type)
+{
+    return trap("Function 'plainValue' of Module 'FieldValue'", [&]() -> QVariant {
+        if (type == ftDate)
+            return isDate(value) ? toDate(value) : QDate();
+        const QString text = textOf(value);
+        const bool numberField = type == ftNumeric || type == ftSlider;
+        if (type == ftCheckBox) // as the box takes it: "True" is stored as 1 and ticks it
+            return int(text.trimmed().toUpper() == u"TRUE" || leadingNumber(text) != 0);
+        if (isNumeric(value) && (numberField || kindOf(value) != ValueKind::Text))
+            return toDouble(value);
+        return numberField ? QVariant(leadingNumber(text)) : QVariant(text);
+    });
 }
 
 } // namespace kwFieldDeck

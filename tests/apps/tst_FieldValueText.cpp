@@ -1,10 +1,12 @@
-// The form program's text of field values: each kind of value a field gives back, on its
-// Name=Value line and in the JSON output, as a field of each type holds it.
+// The form program's text of field values: the library's value conversions it prints with, for
+// each kind of value and field type, and the lines and JSON object made of them.
 
 #include "FieldValueText.h"
 
 #include <kwFieldDeck/Field>
+#include <kwFieldDeck/FieldValue>
 #include <kwFieldDeck/Fields>
+#include <kwFieldDeck/HostHooks>
 #include <kwFieldDeck/kwPropertyControl>
 
 #include <QtTest>
@@ -12,14 +14,6 @@
 using namespace kwFieldDeck;
 
 namespace {
-QVariant int16(qint16 value)
-{
-    return QVariant::fromValue(value);
-}
-QVariant int32(qint32 value)
-{
-    return QVariant::fromValue(value);
-}
 const QDate June1(2024, 6, 1);
 } // namespace
 
@@ -27,117 +21,109 @@ class tst_FieldValueText : public QObject
 {
     Q_OBJECT
 private slots:
-    // The values are assigned in turn; an earlier one sets what the editor shows, so that the
-    // last one, which shows the same, stays stored in its own kind.
-    void eachKindOfValuePrintsAsLineAndAsJson_data()
+    // The plain value's kind is compared too: it decides what the JSON holds.
+    void textAndPlainValueByKindAndType_data()
     {
         QTest::addColumn<int>("type");
-        QTest::addColumn<QVariantList>("assigned");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QByteArray>("json");
-        auto row = [](const char *name, int type, const QVariantList &assigned, const char *line,
-                       const char *json) {
-            QTest::newRow(name) << type << assigned << QString::fromUtf8(line) << QByteArray(json);
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QVariant>("plain");
+        auto row = [](const char *name, int type, const QVariant &value, const char *text,
+                       const QVariant &plain) {
+            QTest::newRow(name) << type << value << QString::fromUtf8(text) << plain;
         };
-        // A field without a type stores every kind as given.
-        row("empty", 0, { QVariant() }, "", "0");
-        row("text", 0, { "Ada \"A\" \\ ünï" }, "Ada \"A\" \\ ünï", "\"Ada \\\"A\\\" \\\\ ünï\"");
-        row("text of a number", 0, { "12" }, "12", "\"12\"");
-        row("text with a line break", 0, { "a\r\nb" }, "a%CRLF%b", "\"a\\nb\"");
-        row("16-bit integer", 0, { int16(-7) }, "-7", "-7");
-        row("32-bit integer", 0, { int32(70000) }, "70000", "70000");
-        row("double", 0, { 2.5 }, "2.5", "2.5");
-        row("double to 15 digits", 0, { 0.1 + 0.2 }, "0.3", "0.30000000000000004");
-        row("large double", 0, { 1e20 }, "1e+20", "1e+20");
-        row("true", 0, { true }, "True", "-1");
-        row("false", 0, { false }, "False", "0");
-        row("date", 0, { June1 }, "2024-06-01", "\"2024-06-01\"");
-        row("date and time", 0, { QDateTime(June1, QTime(10, 30)) }, "2024-06-01 10:30:00",
-            "\"2024-06-01 10:30:00\"");
-        row("midnight", 0, { QDateTime(June1, QTime(0, 0)) }, "2024-06-01", "\"2024-06-01\"");
-
-        row("text field, boolean", ftText, { true }, "True", "-1");
-        row("text field, text", ftText, { "1.5" }, "1.5", "\"1.5\"");
-        row("memo", ftMemo, { "one\r\ntwo" }, "one%CRLF%two", "\"one\\ntwo\"");
-        row("file", ftFileSelector, { "/tmp/a b" }, "/tmp/a b", "\"/tmp/a b\"");
-
-        // A number box stores the number it shows; a value that shows the same stays.
-        row("number box, shown number", ftNumeric, { "3.7xyz" }, "3.7", "3.7");
-        row("number box, leading number", ftNumeric, { "12", "12abc" }, "12abc", "12");
-        row("number box, exponent", ftNumeric, { "1", "1e3" }, "1e3", "1000");
-        row("number box, no number", ftNumeric, { "abc" }, "abc", "0");
-        row("number box, boolean", ftNumeric, { true }, "True", "-1");
-        row("number box, 16-bit", ftNumeric, { "5", int16(5) }, "5", "5");
-
-        row("slider, rounded", ftSlider, { "4.5" }, "4", "4");
-        row("slider, leading number", ftSlider, { "4", "4.4abc" }, "4.4abc", "4.4");
-        row("slider, no number", ftSlider, { "abc" }, "abc", "0");
-        row("slider, double", ftSlider, { "4", 4.25 }, "4.25", "4.25");
-
-        row("check box, TRUE", ftCheckBox, { "TRUE" }, "1", "1");
-        row("check box, yes", ftCheckBox, { "yes" }, "yes", "0");
-        row("check box, zero with blanks", ftCheckBox, { " 0.0 " }, " 0.0 ", "0");
-        row("check box, 2", ftCheckBox, { "1", "2" }, "2", "1");
-        row("check box, exponent", ftCheckBox, { "1", "1e0" }, "1e0", "1");
-        row("check box, false", ftCheckBox, { false }, "False", "0");
-        row("check box, date", ftCheckBox, { "1", June1 }, "2024-06-01", "1");
-        row("check box, double", ftCheckBox, { "1", 0.5 }, "0.5", "1");
-        row("check box, empty", ftCheckBox, { QVariant() }, "", "0");
-
-        // A date picker that shows the date already leaves a text as it was given.
-        row("date", ftDate, { June1 }, "2024-06-01", "\"2024-06-01\"");
-        for (const char *text :
-            { "6/1/2024", "1.6.2024", "1 June 2024", "June 1, 2024", "Jun 1, 2024", "1 Jun 2024",
-                "2024/6/1", "2024-06-01 10:30", "2024-06-01T10:30:00", " 2024-06-01 " }) {
-            QTest::addRow("date as \"%s\"", text)
-                << int(ftDate) << QVariantList { June1, text } << QString::fromUtf8(text)
-                << QByteArray("\"2024-06-01\"");
-        }
-        row("date and time", ftDate, { June1, QDateTime(June1, QTime(10, 30)) },
-            "2024-06-01 10:30:00", "\"2024-06-01\"");
+        // Other types: a number, boolean or empty stays a number; a text that reads as one, text.
+        row("empty", 0, QVariant(), "", 0.0);
+        row("text of a number", ftText, "12", "12", "12");
+        row("16-bit", 0, QVariant::fromValue<qint16>(-7), "-7", -7.0);
+        row("32-bit", ftMemo, QVariant::fromValue<qint32>(70000), "70000", 70000.0);
+        row("double to 15 digits", 0, 0.1 + 0.2, "0.3", 0.1 + 0.2);
+        row("large double", 0, 1e20, "1e+20", 1e20);
+        row("true", ftText, true, "True", -1.0);
+        row("false", 0, false, "False", 0.0);
+        row("date", ftText, June1, "2024-06-01", "2024-06-01");
+        row("date and time", 0, QDateTime(June1, QTime(10, 30)), "2024-06-01 10:30:00",
+            "2024-06-01 10:30:00");
+        row("midnight", 0, QDateTime(June1, QTime(0, 0)), "2024-06-01", "2024-06-01");
+        // Number and slider: the number the whole text reads as, else the one it starts with.
+        row("number, exponent", ftNumeric, "1e3", "1e3", 1000.0);
+        row("number, leading", ftNumeric, " 3.7xyz", " 3.7xyz", 3.7);
+        row("number, none", ftSlider, "abc", "abc", 0.0);
+        row("number, boolean", ftNumeric, true, "True", -1.0);
+        row("number, date", ftSlider, June1, "2024-06-01", 2024.0);
+        // Check box: ticked by "True" or a leading number other than 0, as the box shows it.
+        row("check, TRUE", ftCheckBox, " true ", " true ", 1);
+        row("check, yes", ftCheckBox, "yes", "yes", 0);
+        row("check, zero with blanks", ftCheckBox, " 0.0 ", " 0.0 ", 0);
+        row("check, leading 2", ftCheckBox, "2abc", "2abc", 1);
+        row("check, exponent", ftCheckBox, "1e0", "1e0", 1);
+        row("check, false", ftCheckBox, false, "False", 0);
+        row("check, date", ftCheckBox, June1, "2024-06-01", 1);
+        row("check, half", ftCheckBox, 0.5, "0.5", 1);
+        row("check, empty", ftCheckBox, QVariant(), "", 0);
+        // Date: a date, or a text in one of the forms the date field reads.
+        row("date field, date and time", ftDate, QDateTime(June1, QTime(10, 30)),
+            "2024-06-01 10:30:00", June1);
+        for (const char *text : { "2024-06-01", "6/1/2024", "1.6.2024", "1 June 2024",
+                 "June 1, 2024", "Jun 1, 2024", "1 Jun 2024", "2024/6/1", "2024-06-01 10:30",
+                 "2024-06-01T10:30:00", " 2024-06-01 " })
+            row(text, ftDate, text, text, June1);
         for (const char *text : { "junk", "0099-01-01", "2024-02-30", "2024-06-01 25:00", "12" })
-            QTest::addRow("no date: \"%s\"", text) << int(ftDate) << QVariantList { text }
-                                                   << QString::fromUtf8(text) << QByteArray("\"\"");
+            row(text, ftDate, text, text, QDate());
     }
 
-    void eachKindOfValuePrintsAsLineAndAsJson()
+    void textAndPlainValueByKindAndType()
     {
         QFETCH(int, type);
-        QFETCH(QVariantList, assigned);
-        QFETCH(QString, line);
-        QFETCH(QByteArray, json);
-        kwPropertyControl grid;
-        Field *field = grid.Fields()->Add(QStringLiteral("F"), lFieldTypes(type));
-        QVERIFY(field);
-        for (const QVariant &value : assigned)
-            field->setValue(value);
-        QCOMPARE(valueLines(*grid.Fields()), QStringList { "F=" + line });
-        QCOMPARE(valuesAsJson(*grid.Fields()), "{\"F\":" + json + '}');
+        QFETCH(QVariant, value);
+        QFETCH(QString, text);
+        QFETCH(QVariant, plain);
+        QCOMPARE(valueText(value), text);
+        const QVariant got = plainValue(value, lFieldTypes(type));
+        QCOMPARE(got.metaType(), plain.metaType());
+        QCOMPARE(got, plain);
     }
 
-    void jsonKeepsTheGridsOrderAndNamesAsText()
+    // An object has no text: both calls report error 13 and return an empty result, never throw.
+    void anObjectIsReportedNotThrown()
     {
-        kwPropertyControl grid;
-        grid.Fields()->Add(QStringLiteral("Zeta \"z\""), ftText, 0, QStringLiteral("1"));
-        grid.Fields()->Add(QStringLiteral("Alpha"), ftNumeric, 0, QStringLiteral("2"));
-        QCOMPARE(
-            valuesAsJson(*grid.Fields()), QByteArray("{\"Zeta \\\"z\\\"\":\"1\",\"Alpha\":2}"));
-        QCOMPARE(valueLines(*grid.Fields()), QStringList({ "Zeta \"z\"=1", "Alpha=2" }));
-        QCOMPARE(valuesAsJson(*kwPropertyControl().Fields()), QByteArray("{}"));
+        QList<int> errors;
+        const ErrorReportHandler before = setErrorReportHandler(
+            [&](int number, const QString &, const QString &) { errors << number; });
+        const QVariant object = QVariant::fromValue<QObject *>(this);
+        QCOMPARE(valueText(object), QString());
+        QCOMPARE(plainValue(object, ftText), QVariant());
+        setErrorReportHandler(before);
+        QCOMPARE(errors, QList<int>({ 13, 13 }));
     }
 
-    void presetsReachFieldsInAnyCaseAsText()
+    // Presets reach fields in any case, as text (a date field that shows the date already keeps
+    // the text); the lines and JSON follow the grid's order, a line break is the marker on a line
+    // and LF in JSON, a number is no text in JSON and a date field's value that is no date is "".
+    void printsPresetFieldsAsLinesAndAsJson()
     {
         kwPropertyControl grid;
-        Field *name = grid.Fields()->Add(QStringLiteral("Name"), ftText);
-        Field *notes = grid.Fields()->Add(QStringLiteral("Notes"), ftMemo);
-        const QStringList unknown = applyPresets(*grid.Fields(),
-            { { "NAME", "Grace" }, { "Colour", "red" },
-                { "notes", decodeLineBreaks(QStringLiteral("a%CRLF%b")) } });
+        Fields &fields = *grid.Fields();
+        fields.Add(QStringLiteral("Zeta \"z\""), ftText, 0, QStringLiteral("Ada \\ ünï"));
+        fields.Add(QStringLiteral("Notes"), ftMemo);
+        fields.Add(QStringLiteral("Size"), ftNumeric);
+        fields.Add(QStringLiteral("Count"), ftText, 0, QStringLiteral("12"));
+        fields.Add(QStringLiteral("Sum"), ftNumeric, 0, QStringLiteral("2.5"));
+        fields.Add(QStringLiteral("On"), ftCheckBox, 0, QStringLiteral("TRUE"));
+        fields.Add(QStringLiteral("Day"), ftDate, 0, QStringLiteral("2024-06-01"));
+        fields.Add(QStringLiteral("Never"), ftDate, 0, QStringLiteral("junk"));
+        const QStringList unknown = applyPresets(fields,
+            { { "NOTES", decodeLineBreaks(QStringLiteral("a%CRLF%b")) }, { "Colour", "red" },
+                { "size", "12abc" }, { "day", "6/1/2024" } });
         QCOMPARE(unknown, QStringList { "Colour" });
-        QCOMPARE(name->Value(), QVariant(QStringLiteral("Grace")));
-        QCOMPARE(notes->Value(), QVariant(QStringLiteral("a\r\nb")));
-        QCOMPARE(encodeLineBreaks(notes->Value().toString()), QStringLiteral("a%CRLF%b"));
+        QCOMPARE(valueLines(fields),
+            QStringList({ "Zeta \"z\"=Ada \\ ünï", "Notes=a%CRLF%b", "Size=12", "Count=12",
+                "Sum=2.5", "On=1", "Day=6/1/2024", "Never=junk" }));
+        QCOMPARE(valuesAsJson(fields),
+            QByteArray("{\"Zeta \\\"z\\\"\":\"Ada \\\\ ünï\",\"Notes\":\"a\\nb\",\"Size\":12,"
+                       "\"Count\":\"12\",\"Sum\":2.5,\"On\":1,"
+                       "\"Day\":\"2024-06-01\",\"Never\":\"\"}"));
+        QCOMPARE(valuesAsJson(*kwPropertyControl().Fields()), QByteArray("{}"));
     }
 };
 
