@@ -58,6 +58,13 @@ frmChooseFont::frmChooseFont(QWidget *parent)
     layout->addWidget(lstFonts);
     layout->addLayout(side, 1);
     lstFonts->setFixedSize(193, 216);
+    // The side column is as wide as the two buttons; neither button is a default one, so Enter
+    // in the list or the sizes picks nothing by itself.
+    cboSize->setFixedWidth(136);
+    for (QPushButton *button : { btnOk, btnCancel }) {
+        button->setFixedSize(64, 28);
+        button->setAutoDefault(false);
+    }
     // A fixed dialog, as large as its parts need in the desktop's style.
     layout->setSizeConstraint(QLayout::SetFixedSize);
 

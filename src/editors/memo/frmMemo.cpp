@@ -20,6 +20,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTextBlock>
 #include <QTimer>
@@ -118,6 +119,9 @@ frmMemo::frmMemo(QWidget *parent)
     connect(Timer1, &QTimer::timeout, this, &frmMemo::Timer1_Timer);
     connect(mnuOpenFile, &QAction::triggered, this, &frmMemo::mnuOpenFile_Click);
     connect(mnuSelectAll, &QAction::triggered, this, &frmMemo::mnuSelectAll_Click);
+    // The window sees its keys before its parts: Ctrl+A selects all wherever the focus is.
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_A), this), &QShortcut::activated, this,
+        &frmMemo::mnuSelectAll_Click);
     connect(mnuCopy, &QAction::triggered, this, &frmMemo::mnuCopy_Click);
     connect(mnuCut, &QAction::triggered, this, &frmMemo::mnuCut_Click);
     connect(mnuPaste, &QAction::triggered, this, &frmMemo::mnuPaste_Click);
