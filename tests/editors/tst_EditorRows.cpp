@@ -1,37 +1,73 @@
-// Check-box, slider and drop-down rows as a user meets them, in a shown window: clicks where the
-// idle row is painted, keys in the row's live editor, and the host's writes of Value, Min and Max.
+// Each field type's editor as a user meets it, in a shown window: clicks where an idle row paints
+// its parts, keys in the row's live editor, the dialogs' and the memo window's answers, and the
+// host's writes of Value, Min and Max.
 
-#include "RowParts.h"
+#include "grid/UserGrid.h"
+
+#include "editors/memo/frmMemo.h"
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSlider>
+#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace kwFieldDeck;
 using test::UserGrid;
 
 namespace {
-// A drop-down whose entries carry the numbers 3, 7, 7 and 0, or (from a definition that gives
-// no keys) are matched by their texts.
-Field *addColours(UserGrid &user, bool byNumber)
+// Where a part of an idle row's editor is painted, in the view: the row's live editor is made to
+// measure it, then given back.
+QPoint paintedPoint(UserGrid &user, Field *field, const char *name)
 {
-    if (!byNumber) {
-        user.grid->ReadDef(test::defText(
-            "ADDFIELD Colour|TYPE=COMBO|ADDCOMBOITEMS|Red|Blue|red|Zero|ENDCOMBOITEMS|ENDFIELD"));
-        return user.field(QStringLiteral("Colour"));
-    }
-    Field *field = user.add(QStringLiteral("Colour"), ftCombo);
-    const QList<QPair<const char *, const char *>> entries
-        = { { "3", "Red" }, { "7", "Blue" }, { "7b", "red" }, { "0", "Zero" } };
-    for (const auto &[key, text] : entries)
-        field->DropDownValues()->Add(QLatin1String(key), QLatin1String(text));
-    return field;
+    const QWidget *part = user.editorOf(field)->findChild<QWidget *>(QLatin1String(name));
+    const QPoint point = part ? part->mapTo(user.view(), test::pointToClick(part)) : QPoint();
+    user.d()->rowEditor().release();
+    return point;
+}
+
+// Clicks the view at a point of a row and returns the part of the live editor the click reached,
+// found by its name.
+QWidget *clickAt(UserGrid &user, const QPoint &point, const char *name)
+{
+    QTest::mouseClick(user.view(), Qt::LeftButton, {}, point);
+    QCoreApplication::processEvents();
+    const QWidget *editor = user.d()->rowEditor().editor();
+    return editor ? editor->findChild<QWidget *>(QLatin1String(name)) : nullptr;
+}
+
+QWidget *clickPart(UserGrid &user, Field *field, const char *name)
+{
+    return clickAt(user, paintedPoint(user, field, name), name);
+}
+
+// A key pressed where the focus is; Up and Down arrive as posted keys.
+void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+{
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
 }
 
 QString focusedPart()
 {
     return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+}
+
+QString shownText(UserGrid &user, Field *field)
+{
+    return user.editorOf(field)->findChild<QLineEdit *>(QStringLiteral("Text1"))->text();
+}
+
+// A drop-down whose entries carry the numbers 3, 7, 7 and 0, or (without keys) are matched by
+// their texts.
+Field *addColours(UserGrid &user, bool byNumber)
+{
+    user.grid->ReadDef(test::defText(
+        QStringLiteral("ADDFIELD Colour|TYPE=COMBO|ADDCOMBOITEMS|%1|ENDCOMBOITEMS|ENDFIELD")
+            .arg(byNumber ? "3=Red|7=Blue|7b=red|0=Zero" : "Red|Blue|red|Zero")));
+    return user.field(QStringLiteral("Colour"));
 }
 } // namespace
 
@@ -39,7 +75,10 @@ class tst_EditorRows : public QObject
 {
     Q_OBJECT
 private slots:
-    // A grayed box becomes checked, never unchecked: intended.
+    void initTestCase() { QVERIFY(QDir().mkpath(m_deep)); }
+
+    // A click on the box or beside it toggles it once, idle or live, and leaves the focus in the
+    // box for Space. A grayed box becomes checked, never unchecked: intended.
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt_data()
     {
         QTest::addColumn<bool>("onTheBox");
@@ -66,121 +105,83 @@ private slots:
             test::GridHost::state(check).check = 2;
         QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
         const QRect editor = user.view()->editorRect(FieldPrivate::get(check)->m_row);
-        const QPoint point = onTheBox ? test::paintedPoint(user, check, "Check1")
+        const QPoint point = onTheBox ? paintedPoint(user, check, "Check1")
                                       : QPoint(editor.left() + 3, editor.center().y());
-        QVERIFY(test::clickAt(user, point, "Check1"));
+        QVERIFY(clickAt(user, point, "Check1"));
         QCOMPARE(check->Value().toInt(), after);
         QCOMPARE(changed.count(), 1);
-        // Beside the box as on it, the click puts the focus in the box, so Space works next.
         QTRY_COMPARE(focusedPart(), QStringLiteral("Check1"));
         QCOMPARE(user.focusedField(), check);
-        test::press(Qt::Key_Space);
+        press(Qt::Key_Space);
         QCOMPARE(check->Value().toInt(), 1 - after);
         QCOMPARE(changed.count(), 2);
-        // The same click on the live editor toggles the box once.
-        QVERIFY(test::clickAt(user, point, "Check1"));
+        QVERIFY(clickAt(user, point, "Check1"));
         QCOMPARE(check->Value().toInt(), after);
         QCOMPARE(changed.count(), 3);
-        // A write reports a change only when it changes the box.
-        check->setValue(after);
-        QCOMPARE(changed.count(), 3);
-        check->setValue(1 - after);
-        QCOMPARE(changed.count(), 4);
-        QCOMPARE(test::GridHost::state(check).check, 1 - after);
     }
 
-    // "+" and "-" step within the range and are swallowed, so a sign can never be typed.
-    void typingInTheNumberBoxMovesTheSlider_data()
+    // A slider keeps its value in its range, written by the host or typed in its number box. "+"
+    // and "-" step within the range and are swallowed, so a sign can never be typed. Only Min
+    // keeps the pair in order; Max is taken as given. A value that a new range moves is reported.
+    void theSliderKeepsItsValueInItsRange_data()
     {
+        QTest::addColumn<QStringList>("writes");
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("min");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("+ at Max stays") << "+" << 0 << 10 << 10;
-        QTest::newRow("+ steps up") << "+" << 0 << 4 << 5;
-        QTest::newRow("- steps down") << "-" << 0 << 4 << 3;
-        QTest::newRow("- at a raised Min stays") << "-" << 5 << 5 << 5;
-        QTest::newRow("only digits are typed") << "0x. 7" << 0 << 1 << 7;
-        QTest::newRow("past Max brought into range") << "25" << 0 << 1 << 10;
-    }
-    void typingInTheNumberBoxMovesTheSlider()
-    {
-        QFETCH(QString, typed);
-        QFETCH(int, min);
-        QFETCH(int, start);
-        QFETCH(int, expected);
-        UserGrid user;
-        QVERIFY(user.shown);
-        Field *slider = user.add(QStringLiteral("Volume"), ftSlider);
-        slider->setMax(10);
-        slider->setMin(min);
-        slider->setValue(start);
-        auto *box = qobject_cast<QLineEdit *>(test::clickPart(user, slider, "txtNum"));
-        QVERIFY(box);
-        QTRY_VERIFY(box->hasFocus());
-        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(box, typed);
-        QCOMPARE(box->text(), QString::number(expected));
-        QCOMPARE(slider->Value(), QVariant(expected));
-        QCOMPARE(box->parentWidget()->findChild<QSlider *>(QStringLiteral("Slider1"))->value(),
-            expected);
-        // The row keeps what its editor showed once the editor goes to another row.
-        user.d()->rowEditor().release();
-        QCOMPARE(test::GridHost::state(slider).text, QString::number(expected));
-        QCOMPARE(test::GridHost::state(slider).sliderValue, expected);
-    }
-
-    // Only Min keeps the pair in order; Max is taken as given. A value outside the range is
-    // brought into it, and a value that a new range moves is reported.
-    void aValueIsKeptInTheRange_data()
-    {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<bool>("maxFirst");
-        QTest::addColumn<QVariant>("min");
-        QTest::addColumn<QVariant>("max");
         QTest::addColumn<QList<int>>("range");
         QTest::addColumn<int>("expected");
         QTest::addColumn<int>("changes");
-        const QVariant none;
-        QTest::newRow("Min equal to Max raises Max")
-            << 3 << true << QVariant(10) << QVariant(10) << QList<int> { 10, 11 } << 10 << 1;
-        QTest::newRow("Max below Min is taken as given")
-            << 6 << false << QVariant(5) << QVariant(2) << QList<int> { 5, 2 } << 5 << 1;
-        QTest::newRow("a new Max brings the value down")
-            << 8 << true << none << QVariant(5) << QList<int> { 0, 5 } << 5 << 1;
-        QTest::newRow("a new Min brings the value up")
-            << 2 << false << QVariant(4) << none << QList<int> { 4, 10 } << 4 << 1;
-        QTest::newRow("a value in range stays")
-            << 3 << true << QVariant(1) << QVariant(8) << QList<int> { 1, 8 } << 3 << 0;
-        QTest::newRow("a value written past Max comes down")
-            << 25 << true << none << none << QList<int> { 0, 10 } << 10 << 0;
+        auto row = [](const char *name, const QStringList &writes, const char *typed,
+                       const QList<int> &range, int expected, int changes) {
+            QTest::newRow(name) << writes << QString(typed) << range << expected << changes;
+        };
+        row("Min equal to Max raises Max", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10,
+            2);
+        row("Max below Min is taken as given", { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2);
+        row("a new Max brings the value down", { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2);
+        row("a new Min brings the value up", { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2);
+        row("a value in range stays", { "Value=3", "Max=8", "Min=1" }, "", { 1, 8 }, 3, 1);
+        row("a value written past Max comes down", { "Value=25" }, "", { 0, 10 }, 10, 1);
+        row("+ at Max stays", { "Value=10" }, "+", { 0, 10 }, 10, 1);
+        row("+ steps up", { "Value=4" }, "+", { 0, 10 }, 5, 2);
+        row("- steps down", { "Value=4" }, "-", { 0, 10 }, 3, 2);
+        row("- at a raised Min stays", { "Value=5", "Min=5" }, "-", { 5, 10 }, 5, 1);
+        row("only digits are typed", { "Value=1" }, "0x. 7", { 0, 10 }, 7, 3);
+        row("typed past Max brought into range", { "Value=1" }, "25", { 0, 10 }, 10, 3);
     }
-    void aValueIsKeptInTheRange()
+    void theSliderKeepsItsValueInItsRange()
     {
-        QFETCH(int, value);
-        QFETCH(bool, maxFirst);
-        QFETCH(QVariant, min);
-        QFETCH(QVariant, max);
+        QFETCH(QStringList, writes);
+        QFETCH(QString, typed);
         QFETCH(QList<int>, range);
         QFETCH(int, expected);
         QFETCH(int, changes);
         UserGrid user;
+        QVERIFY(user.shown);
         Field *slider = user.add(QStringLiteral("Volume"), ftSlider);
-        slider->setValue(value);
         QSignalSpy changed(slider, &Field::Changed);
-        if (maxFirst && max.isValid())
-            slider->setMax(max);
-        if (min.isValid())
-            slider->setMin(min);
-        if (!maxFirst && max.isValid())
-            slider->setMax(max);
+        for (const QString &write : writes)
+            slider->setProperty(
+                qPrintable(write.section('=', 0, 0)), write.section('=', 1).toInt());
+        auto *box = qobject_cast<QLineEdit *>(typed.isEmpty()
+                ? user.editorOf(slider)->findChild<QWidget *>(QStringLiteral("txtNum"))
+                : clickPart(user, slider, "txtNum"));
+        QVERIFY(box);
+        if (!typed.isEmpty()) {
+            QTRY_VERIFY(box->hasFocus());
+            QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(box, typed);
+        }
+        QCOMPARE(slider->Value(), QVariant(expected));
+        QCOMPARE(box->text(), QString::number(expected));
+        QCOMPARE(box->parentWidget()->findChild<QSlider *>(QStringLiteral("Slider1"))->value(),
+            expected);
+        QCOMPARE(changed.count(), changes);
+        // The row keeps what its editor showed once the editor goes to another row.
+        user.d()->rowEditor().release();
         const EditorState &shown = test::GridHost::state(slider);
         QCOMPARE(QList<int>({ shown.sliderMin, shown.sliderMax }), range);
-        QCOMPARE(slider->Value(), QVariant(expected));
         QCOMPARE(shown.text, QString::number(expected));
-        QCOMPARE(changed.count(), changes);
-        auto *bar = user.editorOf(slider)->findChild<QSlider *>(QStringLiteral("Slider1"));
-        QCOMPARE(bar->value(), expected);
+        QCOMPARE(shown.sliderValue, expected);
     }
 
     // A value matching nothing keeps the selection and reports nothing; one matching the entry
@@ -236,15 +237,15 @@ private slots:
                     + user.highlighted().value(0)->Name();
         });
         before->SetFocus();
-        test::press(Qt::Key_Tab);
+        press(Qt::Key_Tab);
         QCOMPARE(user.focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
         QCOMPARE(user.highlighted(), QVector<Field *> { colour });
-        test::press(Qt::Key_F4);
+        press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
         user.closePopup();
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
-        test::press(Qt::Key_Down);
+        press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
         QCOMPARE(test::GridHost::state(colour).listIndex, 1);
     }
@@ -274,17 +275,177 @@ private slots:
         Field *target = user.addOfType(type, QStringLiteral("Target"));
         Field *after = user.addOfType(ftText, QStringLiteral("After"));
         const QVariant value = target->Value();
-        QVERIFY(test::clickPart(user, target, qPrintable(part)));
+        QVERIFY(clickPart(user, target, qPrintable(part)));
         QTRY_COMPARE(focusedPart(), part);
         // The click itself changed the box; the keys change nothing more.
         const QVariant clicked = target->Value();
-        test::press(down ? Qt::Key_Down : Qt::Key_Up);
+        press(down ? Qt::Key_Down : Qt::Key_Up);
         QCOMPARE(user.focusedField(), down ? after : before);
         QCOMPARE(target->Value(), clicked);
         QCOMPARE(user.dialogs, 0);
         if (type != ftCheckBox)
             QCOMPARE(clicked, value);
     }
+
+    // The file dialog opens in the file's folder only when the file exists, else in InitDir. The
+    // folder dialog starts from the shown text, not the value: a folder shown shortened with
+    // "..." names no folder, so it starts in InitDir (intended). A cancel changes and reports
+    // nothing. Each click on the button opens one dialog; its focus coming back opens none.
+    void theBrowseButtonAsksFromTheRow_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("reply");
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("name");
+        const int file = ftFileSelector;
+        const int folder = ftFolderSelector;
+        QTest::newRow("missing file, chosen")
+            << file << m_dir.filePath("gone.txt") << m_file << "/srv"
+            << "gone.txt";
+        QTest::newRow("existing file, cancelled")
+            << file << m_file << "" << m_dir.path() << "notes.txt";
+        QTest::newRow("no file, chosen") << file << "" << m_file << "/srv"
+                                         << "";
+        QTest::newRow("long missing file path, cancelled") << file << m_deep + "/report.txt"
+                                                           << ""
+                                                           << "/srv"
+                                                           << "report.txt";
+        QTest::newRow("existing folder, chosen")
+            << folder << m_dir.path() << m_deep << m_dir.path() << "";
+        QTest::newRow("missing folder, cancelled") << folder << "/no/such/folder"
+                                                   << ""
+                                                   << "/srv"
+                                                   << "";
+        QTest::newRow("long folder shown shortened") << folder << m_deep << ""
+                                                     << "/srv"
+                                                     << "";
+    }
+    void theBrowseButtonAsksFromTheRow()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, value);
+        QFETCH(QString, reply);
+        QFETCH(QString, folder);
+        QFETCH(QString, name);
+        UserGrid user;
+        QVERIFY(user.shown);
+        QVERIFY(QFile(m_file).open(QIODevice::WriteOnly));
+        Field *field = user.add(QStringLiteral("Log"), lFieldTypes(type), value);
+        field->setInitDir(QStringLiteral("/srv"));
+        if (type == ftFileSelector) {
+            field->setTitle(QStringLiteral("Pick a log"));
+            field->setFilter(QStringLiteral("Logs (*.log)|*.log"));
+        }
+        // The grid's host puts the previous seams back when it goes.
+        QVector<Dialogs::OpenFileRequest> files;
+        QVector<Dialogs::BrowseFolderRequest> folders;
+        Dialogs::setOpenFileHandler([&](const auto &asked) { return files << asked, reply; });
+        Dialogs::setBrowseFolderHandler([&](const auto &asked) { return folders << asked, reply; });
+        QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
+        QWidget *button = clickPart(user, field, "btnBrowse");
+        QVERIFY(button);
+        if (type == ftFileSelector) {
+            QCOMPARE(files.size(), 1);
+            const Dialogs::OpenFileRequest &asked = files.first();
+            QCOMPARE(
+                QStringList({ asked.defaultName, asked.startFolder, asked.title, asked.filter }),
+                QStringList({ name, folder, "Pick a log", "Logs (*.log)|*.log" }));
+        } else {
+            QCOMPARE(folders.size(), 1);
+            QCOMPARE(folders[0].startFolder, folder);
+            QCOMPARE(folders[0].owner, &user.window);
+        }
+        const QString expected = reply.isEmpty() ? value : reply;
+        QCOMPARE(field->Value().toString(), expected);
+        QCOMPARE(changed.count(), reply.isEmpty() ? 0 : 1);
+        QCOMPARE(user.focusedField(), field);
+        // A long path is shown fitted to the box, its end kept, while the value keeps it whole.
+        const QString shown = shownText(user, field);
+        const bool fitted = expected.startsWith(m_deep);
+        QCOMPARE(shown.startsWith(QLatin1String("...")), fitted);
+        QVERIFY2(fitted ? expected.endsWith(shown.mid(3)) : shown == expected, qPrintable(shown));
+        QTRY_VERIFY(button->hasFocus());
+        QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(button, &away);
+        QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(button, &back);
+        QCOMPARE(files.size() + folders.size(), 1);
+        QTest::mouseClick(button, Qt::LeftButton, {}, test::pointToClick(button));
+        QCOMPARE(files.size() + folders.size(), 2);
+    }
+
+    // The memo window has no cancel: Escape keeps the edited text, and the row reports it. Line
+    // breaks other than CR LF come back as they were when the window closes unedited, and the
+    // close still reports a change, as after every visit (intended). F4 opens the window, and
+    // Shift+F4 does not; Title captions nothing, the window is named after the field (intended).
+    void theMemoWindowGivesTheRowItsText_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("edit");
+        QTest::addColumn<bool>("escape");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("edited, Escape") << "a\r\nb" << true << true << "a\r\nb\r\nc";
+        const QVector<QPair<const char *, QString>> values { { "lone LF", "a\nb" },
+            { "lone CR", "a\rb" }, { "mixed", "a\r\nb\nc\rd\n\re\r\r\n" }, { "trailing LF", "a\n" },
+            { "CR LF", "a\r\nb" } };
+        for (const auto &[name, value] : values) {
+            QTest::addRow("%s, Escape", name) << value << false << true << value;
+            QTest::addRow("%s, F4 and the close command", name) << value << false << false << value;
+        }
+    }
+    void theMemoWindowGivesTheRowItsText()
+    {
+        QFETCH(QString, value);
+        QFETCH(bool, edit);
+        QFETCH(bool, escape);
+        QFETCH(QString, expected);
+        UserGrid user;
+        QVERIFY(user.shown);
+        Field *memo = user.add(QStringLiteral("Remarks"), ftMemo, value);
+        memo->setTitle(QStringLiteral("Something else"));
+        QCOMPARE(shownText(user, memo), QStringLiteral("(Text)"));
+        QStringList captions;
+        test::ModalShowDriver window([&](QDialog &dialog) {
+            captions << static_cast<frmMemo &>(dialog).Title();
+            auto *text = dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo"));
+            if (edit) {
+                QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
+                QTest::keyClick(text, Qt::Key_Return);
+                QTest::keyClicks(text, QStringLiteral("c"));
+            }
+            if (escape)
+                QTest::keyClick(text, Qt::Key_Escape);
+            else
+                dialog.close();
+            // The desktop gives the activation back to the grid's window.
+            user.window.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&user.window));
+        });
+        QStringList valuesAtChange;
+        connect(user.grid, &kwPropertyControl::Changed, this,
+            [&](Field *field) { valuesAtChange << field->Value().toString(); });
+        if (escape) {
+            QVERIFY(clickPart(user, memo, "btnBrowse"));
+        } else {
+            memo->SetFocus();
+            QCOMPARE(user.focusedField(), memo);
+            press(Qt::Key_F4, Qt::ShiftModifier);
+            QCOMPARE(window.shown, 0);
+            press(Qt::Key_F4);
+        }
+        QCOMPARE(window.shown, 1);
+        QCOMPARE(captions, QStringList { "Field: Remarks" });
+        QCOMPARE(memo->Value().toString(), expected);
+        QCOMPARE(valuesAtChange, QStringList { expected });
+        QCOMPARE(shownText(user, memo), QStringLiteral("(Text)"));
+        QCOMPARE(user.focusedField(), memo);
+    }
+
+private:
+    QTemporaryDir m_dir;
+    const QString m_file = m_dir.filePath(QStringLiteral("notes.txt"));
+    const QString m_deep = m_dir.path() + QString("/a rather long folder name").repeated(10);
 };
 
 QTEST_MAIN(tst_EditorRows)

@@ -1,8 +1,8 @@
 #pragma once
 
-// A grid for the fuzz targets that drive kwPropertyControl: the application object (offscreen),
-// message boxes answered by a seam that only counts them, error reports counted the same way,
-// and one fresh grid per input inside a host window, so that inputs do not affect each other.
+// What the targets that drive kwPropertyControl share: the application object (offscreen), the
+// message boxes and error reports answered by seams that only count them, and a grid inside a
+// host window. Each such target is one source file, so this header gives it its start-up.
 
 #include "FuzzSupport.h"
 
@@ -15,42 +15,17 @@
 #include <QWidget>
 
 #include <cmath>
-#include <memory>
 
 namespace kwFieldDeck::fuzz {
 
-struct Seams
-{
-    int messages = 0;
-    int errors = 0;
-};
+// Message boxes and error reports so far.
+inline int reports = 0;
 
-inline Seams &seams()
+struct FuzzGrid
 {
-    static Seams counts;
-    return counts;
-}
-
-// Called once from LLVMFuzzerInitialize.
-inline void startApplication(int *argc, char ***argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(*argc, *argv);
-    setMessageBoxHandler([](const QString &, int, const QString &) {
-        ++seams().messages;
-        return MsgBoxResult::OK;
-    });
-    setErrorReportHandler([](int, const QString &, const QString &) { ++seams().errors; });
-}
-
-class FuzzGrid
-{
-public:
     FuzzGrid()
-        : m_window(std::make_unique<QWidget>())
     {
-        m_window->resize(400, 300);
-        grid = new kwPropertyControl(m_window.get());
+        window.resize(400, 300);
         grid->setGeometry(0, 0, 360, 267);
         grid->show();
     }
@@ -76,10 +51,21 @@ public:
         }
     }
 
-    kwPropertyControl *grid = nullptr;
-
-private:
-    std::unique_ptr<QWidget> m_window; // owns the grid
+    QWidget window;
+    kwPropertyControl *grid = new kwPropertyControl(&window);
 };
 
 } // namespace kwFieldDeck::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
+{
+    using namespace kwFieldDeck;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication app(*argc, *argv);
+    setMessageBoxHandler([](const QString &, int, const QString &) {
+        ++fuzz::reports;
+        return MsgBoxResult::OK;
+    });
+    setErrorReportHandler([](int, const QString &, const QString &) { ++fuzz::reports; });
+    return 0;
+}

@@ -13,30 +13,30 @@ namespace {
 const QString App = QStringLiteral("kwFieldDeckFuzz"), Section = QStringLiteral("Values"),
               Setting = QStringLiteral("Grid");
 
-const QString Definition = QStringLiteral(
-    "ADDFIELD Text\r\nTYPE=TEXT\r\nVALUE=a\r\nENDFIELD\r\n"
-    "ADDFIELD Numeric\r\nTYPE=NUMERIC\r\nVALUE=1.5\r\nENDFIELD\r\n"
-    "ADDFIELD Check\r\nTYPE=CHECKBOX\r\nVALUE=True\r\nENDFIELD\r\n"
-    "ADDFIELD Combo\r\nTYPE=COMBO\r\nVALUE=G\r\nADDCOMBOITEMS\r\nR=Red\r\nG=Green\r\n"
-    "ENDCOMBOITEMS\r\nENDFIELD\r\n"
-    "ADDFIELD Date\r\nTYPE=DATE\r\nVALUE=2024-03-01\r\nENDFIELD\r\n"
-    "ADDFIELD Slider\r\nTYPE=SLIDER\r\nMIN=0\r\nMAX=100\r\nVALUE=5\r\nENDFIELD\r\n"
-    "ADDFIELD File\r\nTYPE=FILESELECTOR\r\nVALUE=/tmp/a.txt\r\nENDFIELD\r\n"
-    "ADDFIELD Folder\r\nTYPE=FOLDERSELECTOR\r\nVALUE=/tmp\r\nENDFIELD\r\n"
-    "ADDFIELD Memo\r\nTYPE=MEMO\r\nVALUE=m\r\nENDFIELD\r\n");
-
-QString saved(kwPropertyControl *grid)
+QString definition()
 {
+    // "|" stands for the CR LF between the definition's lines.
+    return QStringLiteral(
+        "ADDFIELD Text|TYPE=TEXT|VALUE=a|ENDFIELD|ADDFIELD Numeric|TYPE=NUMERIC|VALUE=1.5|ENDFIELD|"
+        "ADDFIELD Check|TYPE=CHECKBOX|VALUE=True|ENDFIELD|ADDFIELD Combo|TYPE=COMBO|VALUE=G|"
+        "ADDCOMBOITEMS|R=Red|G=Green|ENDCOMBOITEMS|ENDFIELD|"
+        "ADDFIELD Date|TYPE=DATE|VALUE=2024-03-01|ENDFIELD|"
+        "ADDFIELD Slider|TYPE=SLIDER|MIN=0|MAX=100|VALUE=5|ENDFIELD|"
+        "ADDFIELD File|TYPE=FILESELECTOR|VALUE=/tmp/a.txt|ENDFIELD|"
+        "ADDFIELD Folder|TYPE=FOLDERSELECTOR|VALUE=/tmp|ENDFIELD|"
+        "ADDFIELD Memo|TYPE=MEMO|VALUE=m|ENDFIELD|")
+        .replace(QLatin1Char('|'), QLatin1String("\r\n"));
+}
+
+// Restores the stored text into the grid and returns what the grid saves then.
+QString restoreAndSave(kwPropertyControl *grid, const QString &stored)
+{
+    SettingsStore::SaveSetting(App, Section, Setting, stored);
+    grid->GetValuesFromRegistry(App, Section, Setting);
     grid->SaveValuesToRegistry(App, Section, Setting);
     return SettingsStore::GetSetting(App, Section, Setting);
 }
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    startApplication(argc, argv);
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -44,21 +44,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     // inputs); each input starts from the same values.
     static FuzzGrid host;
     static const QString baseline = [] {
-        host.grid->ReadDef(Definition);
+        host.grid->ReadDef(definition());
         expect(host.grid->Fields()->Count() == 9, "the grid has a field of every type");
-        return saved(host.grid);
+        host.grid->SaveValuesToRegistry(App, Section, Setting);
+        return SettingsStore::GetSetting(App, Section, Setting);
     }();
-    SettingsStore::SaveSetting(App, Section, Setting, baseline);
-    host.grid->GetValuesFromRegistry(App, Section, Setting);
-    expect(saved(host.grid) == baseline, "the baseline values restore to themselves");
-
-    const QString stored = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
-    SettingsStore::SaveSetting(App, Section, Setting, stored);
-    host.grid->GetValuesFromRegistry(App, Section, Setting);
-
-    const QString once = saved(host.grid);
-    host.grid->GetValuesFromRegistry(App, Section, Setting);
-    const QString twice = saved(host.grid);
+    expect(restoreAndSave(host.grid, baseline) == baseline,
+        "the baseline values restore to themselves");
+    const QString once = restoreAndSave(
+        host.grid, QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size)));
+    const QString twice = restoreAndSave(host.grid, once);
     expect(
         once == twice, "saved values restore to themselves", once + QStringLiteral(" | ") + twice);
     return 0;

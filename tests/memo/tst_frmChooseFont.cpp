@@ -1,39 +1,18 @@
 #include "editors/memo/frmChooseFont.h"
-#include "memo/ModalShowDriver.h"
 #include <QFontDatabase>
 
 #include <QComboBox>
-#include <QLabel>
+#include <QListWidget>
 #include <QtTest>
 
 using namespace kwFieldDeck;
 
-// Ok and Cancel are worked through the memo window's Font menu in tst_frmMemo.
+// Picking, Ok, Cancel and the close button are worked through the memo window's Font menu in
+// tst_frmMemo.
 class tst_frmChooseFont : public QObject
 {
     Q_OBJECT
 private slots:
-    void pickingShowsTheSampleAndTheCloseButtonCancels()
-    {
-        const QString family = QFontDatabase::families().last();
-        test::ModalShowDriver driver([&](QDialog &dialog) {
-            auto &chooser = static_cast<frmChooseFont &>(dialog);
-            QCOMPARE(chooser.lstFonts->count(), QFontDatabase::families().size());
-            test::clickRow(chooser.lstFonts, chooser.lstFonts->count() - 1);
-            QTest::keyClicks(chooser.cboSize, QStringLiteral("18"));
-            QCOMPARE(chooser.lblSample->font().family(), family);
-            QCOMPARE(chooser.lblSample->font().pointSizeF(), 18.0);
-            dialog.close();
-        });
-        frmChooseFont chooser;
-        showModal(chooser);
-        QCOMPARE(driver.shown, 1);
-        QVERIFY(!chooser.isVisible());
-        QVERIFY(chooser.Cancelled());
-        QCOMPARE(chooser.Font_Name(), family);
-        QCOMPARE(chooser.Font_Size(), 18.0f);
-    }
-
     // Writing a property keeps the value written and selects only an entry equal to it; else the
     // selection stays as it was.
     void writingSelectsOnlyAnEqualEntry_data()

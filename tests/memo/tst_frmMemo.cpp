@@ -11,11 +11,32 @@
 
 using namespace kwFieldDeck;
 
-static QString fontOf(const frmMemo &memo)
+namespace {
+QString fontOf(const frmMemo &memo)
 {
     const QFont font = memo.txtMemo->font();
     return font.family() + QLatin1Char('|') + QString::number(font.pointSizeF());
 }
+
+QString stored(const char *key)
+{
+    return SettingsStore::GetSetting(QCoreApplication::applicationName(), "Settings", key);
+}
+
+void store(const char *key, const QString &value)
+{
+    SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
+}
+
+// The window as a user meets it: shown and active, holding the text given.
+bool showActive(frmMemo &memo, const QString &text = {})
+{
+    memo.setValue(text);
+    memo.show();
+    memo.activateWindow();
+    return QTest::qWaitForWindowActive(&memo);
+}
+} // namespace
 
 class tst_frmMemo : public QObject
 {
@@ -23,39 +44,49 @@ class tst_frmMemo : public QObject
 private slots:
     void init() { QFile::remove(SettingsStore::filePath(QCoreApplication::applicationName())); }
 
-    void statusBarShowsCaretLineAndLineCount_data()
+    // The status bar follows the caret by itself. Text read back unedited keeps its breaks (also
+    // through a memo row, tst_EditorRows); once edited, every break is CR LF. Tab types a tab
+    // character, and Shift+Tab right after takes it out again; the focus stays in the text.
+    void statusBarAndValueFollowTheKeys_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QKeySequence>("keys");
         QTest::addColumn<QString>("position");
         QTest::addColumn<QString>("lines");
-        QTest::newRow("empty") << QString() << QKeySequence() << QString("  Ln 1, Col 1  ")
-                               << "1 Line";
-        QTest::newRow("two lines")
-            << "ab\r\ncd" << QKeySequence("Ctrl+End") << QString("  Ln 2, Col 3  ") << "2 Lines";
-        QTest::newRow("blank") << "a\r\n\r\nb" << QKeySequence("Ctrl+Home, Down")
-                               << QString("  Ln 2, Col 1  ") << "3 Lines";
+        QTest::addColumn<QString>("value");
+        auto row = [](const char *name, const char *text, const char *keys, const char *position,
+                       const char *lines, const char *value) {
+            QTest::newRow(name) << text << QKeySequence(keys) << position << lines << value;
+        };
+        row("empty", "", "", "  Ln 1, Col 1  ", "1 Line", "");
+        row("two lines", "ab\r\ncd", "Ctrl+End", "  Ln 2, Col 3  ", "2 Lines", "ab\r\ncd");
+        row("blank", "a\r\n\r\nb", "Ctrl+Home, Down", "  Ln 2, Col 1  ", "3 Lines", "a\r\n\r\nb");
         // The position is the selection's start, not where the caret ended up.
-        QTest::newRow("selection") << "ab\r\ncd" << QKeySequence("Ctrl+Home, Ctrl+Shift+End")
-                                   << QString("  Ln 1, Col 1  ") << "2 Lines";
+        row("selection", "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", "  Ln 1, Col 1  ", "2 Lines",
+            "ab\r\ncd");
+        row("LF edited", "ab\ncd", "Ctrl+End, !", "  Ln 2, Col 4  ", "2 Lines", "ab\r\ncd!");
+        row("CR edited", "ab\rcd", "Ctrl+End, !", "  Ln 2, Col 4  ", "2 Lines", "ab\r\ncd!");
+        row("mixed edited", "ab\r\ncd\r\rf", "Ctrl+End, !", "  Ln 4, Col 3  ", "4 Lines",
+            "ab\r\ncd\r\n\r\nf!");
+        row("Tab", "ab", "Ctrl+End, Tab", "  Ln 1, Col 4  ", "1 Line", "ab\t");
+        row("Shift+Tab after Tab", "ab", "Ctrl+End, Tab, Shift+Backtab", "  Ln 1, Col 3  ",
+            "1 Line", "ab");
     }
-    void statusBarShowsCaretLineAndLineCount()
+    void statusBarAndValueFollowTheKeys()
     {
         QFETCH(QString, text);
         QFETCH(QKeySequence, keys);
         QFETCH(QString, position);
         QFETCH(QString, lines);
+        QFETCH(QString, value);
         frmMemo memo;
-        memo.setValue(text);
-        memo.show();
-        memo.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&memo));
+        QVERIFY(showActive(memo, text));
+        QTRY_VERIFY(memo.txtMemo->hasFocus());
         QTest::keySequence(memo.txtMemo, keys);
-        // Timer1 refreshes the status bar by itself.
-        const auto *panel2 = memo.StatusBar1->findChild<QLabel *>(QStringLiteral("Panel2"));
-        const auto *panel3 = memo.StatusBar1->findChild<QLabel *>(QStringLiteral("Panel3"));
-        QTRY_COMPARE(panel3->text(), position);
-        QCOMPARE(panel2->text(), lines);
+        QTRY_COMPARE(memo.StatusBar1->findChild<QLabel *>("Panel3")->text(), position);
+        QCOMPARE(memo.StatusBar1->findChild<QLabel *>("Panel2")->text(), lines);
+        QTRY_COMPARE(memo.Value(), value);
+        QVERIFY(memo.txtMemo->hasFocus());
     }
 
     void storedFontIsAppliedExceptSizesOfFiveOrLess_data()
@@ -70,9 +101,8 @@ private slots:
     {
         QFETCH(QString, size);
         QFETCH(bool, applied);
-        const QString app = QCoreApplication::applicationName();
-        SettingsStore::SaveSetting(app, "Settings", "FontName", QStringLiteral("Serif Test Face"));
-        SettingsStore::SaveSetting(app, "Settings", "FontSize", size);
+        store("FontName", QStringLiteral("Serif Test Face"));
+        store("FontSize", size);
         // The size a text box has by itself, which a size not applied leaves.
         const double before = QPlainTextEdit().font().pointSizeF();
         frmMemo memo;
@@ -80,30 +110,11 @@ private slots:
         QCOMPARE(memo.txtMemo->font().pointSizeF(), applied ? size.toDouble() : before);
     }
 
-    void tabInsertsATabAndShiftTabRightAfterRemovesIt()
-    {
-        frmMemo memo;
-        memo.show();
-        memo.activateWindow();
-        QWidget *edit = memo.txtMemo;
-        QTRY_VERIFY(edit->hasFocus());
-        QTest::keyClicks(edit, QStringLiteral("ab"));
-        QTest::keyClick(edit, Qt::Key_Tab);
-        QTRY_COMPARE(memo.Value(), QStringLiteral("ab\t"));
-        QVERIFY(edit->hasFocus());
-        QTest::keyClick(edit, Qt::Key_Backtab, Qt::ShiftModifier);
-        QTRY_COMPARE(memo.Value(), QStringLiteral("ab"));
-        QVERIFY(edit->hasFocus());
-    }
-
     // Copy and Cut follow the selection on the status tick; the desktop's clipboard holds LF.
     void cutAndPasteGoThroughTheClipboardWhileCopyAndCutFollowTheSelection()
     {
         frmMemo memo;
-        memo.setValue(QStringLiteral("a\r\nb"));
-        memo.show();
-        memo.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&memo));
+        QVERIFY(showActive(memo, QStringLiteral("a\r\nb")));
         QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
         QTest::keyClick(memo.txtMemo, Qt::Key_A, Qt::ControlModifier);
         QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
@@ -114,30 +125,6 @@ private slots:
         memo.mnuPaste->trigger();
         memo.mnuPaste->trigger();
         QCOMPARE(memo.Value(), QStringLiteral("a\r\nba\r\nb"));
-    }
-
-    // Text read back unedited keeps its breaks (tst_kwMemoField); once edited, every break is CR
-    // LF.
-    void anEditWritesEveryBreakAsCrLf_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("edited");
-        QTest::newRow("LF") << "ab\ncd"
-                            << "ab\r\ncd!";
-        QTest::newRow("CR") << "ab\rcd"
-                            << "ab\r\ncd!";
-        QTest::newRow("mixed") << "ab\r\ncd\r\rf"
-                               << "ab\r\ncd\r\n\r\nf!";
-    }
-    void anEditWritesEveryBreakAsCrLf()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, edited);
-        frmMemo memo;
-        memo.setValue(text);
-        QTest::keyClick(memo.txtMemo, Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClicks(memo.txtMemo, QStringLiteral("!"));
-        QCOMPARE(memo.Value(), edited);
     }
 
     void droppedFilesReplaceTheTextOnlyWhenOneExists_data()
@@ -153,9 +140,7 @@ private slots:
         QFETCH(QStringList, files);
         QFETCH(QString, expected);
         frmMemo memo;
-        memo.setValue(QStringLiteral("kept"));
-        memo.show();
-        memo.activateWindow();
+        QVERIFY(showActive(memo, QStringLiteral("kept")));
         QMimeData data;
         for (const QString &path : files)
             data.setUrls(data.urls() << QUrl::fromLocalFile(path));
@@ -167,34 +152,73 @@ private slots:
         QCOMPARE(memo.Value(), expected);
     }
 
-    // The font chooser's answer is what this window, the next one and a new process use.
+    // The font chooser's answer is what this window, the next one and a new process use; the
+    // chooser shows a pick in its sample, and its close button cancels. A user who lets the font
+    // list take the focus and changes only the size keeps the memo's font name, also when the
+    // stored name matches no listed font exactly.
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess_data()
     {
-        QTest::addColumn<bool>("ok");
+        QTest::addColumn<QString>("storedName");
+        QTest::addColumn<int>("pick");
+        QTest::addColumn<QString>("button");
         QTest::addColumn<bool>("damagedStore");
-        QTest::newRow("Ok") << true << false;
-        QTest::newRow("Cancel changes nothing") << false << false;
+        QTest::addColumn<QString>("expected");
+        const QStringList families = QFontDatabase::families();
+        const int other = families.first() == QLatin1String("MS Sans Serif") ? 1 : 0;
+        const QString picked = families.value(other) + QStringLiteral("|14");
+        const QString unchanged = QStringLiteral("MS Sans Serif|10");
+        QTest::newRow("Ok") << "" << other << "btnOk" << false << picked;
+        QTest::newRow("Cancel changes nothing") << "" << other << "btnCancel" << false << unchanged;
+        QTest::newRow("close button") << "" << int(families.size() - 1) << "" << false << unchanged;
         // A store edited by hand is kept aside; both font values still reach the new one.
-        QTest::newRow("Ok, store with a note line") << true << true;
+        QTest::newRow("Ok, store with a note line") << "" << other << "btnOk" << true << picked;
+        QTest::newRow("Ok, no pick") << "" << -1 << "btnOk" << false << "MS Sans Serif|11";
+        for (const QString &family : families) {
+            const QString name = family.toUpper() != family ? family.toUpper() : family.toLower();
+            if (name != family && !families.contains(name)) {
+                QTest::newRow("Ok, no pick, stored name in another letter case")
+                    << name << -1 << "btnOk" << false << name + "|11";
+                break;
+            }
+        }
     }
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess()
     {
-        QFETCH(bool, ok);
+        QFETCH(QString, storedName);
+        QFETCH(int, pick);
+        QFETCH(QString, button);
         QFETCH(bool, damagedStore);
-        const QStringList families = QFontDatabase::families();
-        const int other = families.first() == QLatin1String("MS Sans Serif") ? 1 : 0;
-        const QString expected = ok ? families.value(other) + QStringLiteral("|14")
-                                    : QStringLiteral("MS Sans Serif|10");
+        QFETCH(QString, expected);
+        if (!storedName.isEmpty())
+            store("FontName", storedName);
+        const QString family = QFontDatabase::families().value(pick);
         test::ModalShowDriver driver([&](QDialog &dialog) {
             auto &chooser = static_cast<frmChooseFont &>(dialog);
-            test::clickRow(chooser.lstFonts, other);
-            QTest::keyClicks(chooser.cboSize, QStringLiteral("14"));
-            QTest::mouseClick(ok ? chooser.btnOk : chooser.btnCancel, Qt::LeftButton);
+            auto *fonts = dialog.findChild<QListWidget *>(QStringLiteral("lstFonts"));
+            auto *size = dialog.findChild<QComboBox *>(QStringLiteral("cboSize"));
+            QCOMPARE(fonts->count(), QFontDatabase::families().size());
+            if (pick >= 0) {
+                test::clickRow(fonts, pick);
+                QTest::keyClicks(size, QStringLiteral("14"));
+                QCOMPARE(chooser.lblSample->font().family(), family);
+                QCOMPARE(chooser.lblSample->font().pointSizeF(), 14.0);
+            } else {
+                fonts->setFocus(Qt::TabFocusReason);
+                QTest::keyClick(size, Qt::Key_Down);
+            }
+            if (button.isEmpty())
+                dialog.close();
+            else
+                QTest::mouseClick(dialog.findChild<QPushButton *>(button), Qt::LeftButton);
+            QVERIFY(!dialog.isVisible());
+            QCOMPARE(chooser.Cancelled(), button != QLatin1String("btnOk"));
+            if (pick >= 0) {
+                QCOMPARE(chooser.Font_Name(), family);
+                QCOMPARE(chooser.Font_Size(), 14.0f);
+            }
         });
         frmMemo memo;
-        memo.setValue(QStringLiteral("kept"));
-        memo.show();
-        memo.activateWindow();
+        QVERIFY(showActive(memo, QStringLiteral("kept")));
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), expected);
@@ -207,52 +231,13 @@ private slots:
         QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
         QVERIFY(!memo.isVisible());
         QCOMPARE(memo.Value(), QStringLiteral("kept"));
+        QCOMPARE(stored("FontName"), expected.section(QLatin1Char('|'), 0, 0));
         frmMemo next;
         QCOMPARE(fontOf(next), expected);
         QProcess child;
         child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--print-font") });
         QVERIFY(child.waitForFinished(30000));
         QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(), expected);
-    }
-
-    // A user who opens the chooser, lets the font list take the focus and changes only the size
-    // keeps the memo's font name, also when the stored name matches no listed font exactly.
-    void okWithoutAPickKeepsTheFontName_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("default font") << QString() << "MS Sans Serif|11";
-        const QStringList families = QFontDatabase::families();
-        for (const QString &family : families) {
-            const QString other = family.toUpper() != family ? family.toUpper() : family.toLower();
-            if (other != family && !families.contains(other)) {
-                QTest::newRow("stored name in another letter case") << other << other + "|11";
-                break;
-            }
-        }
-    }
-    void okWithoutAPickKeepsTheFontName()
-    {
-        QFETCH(QString, stored);
-        QFETCH(QString, expected);
-        const QString app = QCoreApplication::applicationName();
-        if (!stored.isEmpty())
-            SettingsStore::SaveSetting(app, "Settings", "FontName", stored);
-        test::ModalShowDriver driver([&](QDialog &dialog) {
-            auto *fonts = dialog.findChild<QListWidget *>(QStringLiteral("lstFonts"));
-            fonts->setFocus(Qt::TabFocusReason);
-            QTest::keyClick(dialog.findChild<QComboBox *>(QStringLiteral("cboSize")), Qt::Key_Down);
-            QTest::mouseClick(
-                dialog.findChild<QPushButton *>(QStringLiteral("btnOk")), Qt::LeftButton);
-        });
-        frmMemo memo;
-        memo.show();
-        memo.activateWindow();
-        memo.mnuFont->trigger();
-        QCOMPARE(driver.shown, 1);
-        QCOMPARE(fontOf(memo), expected);
-        QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
-        QCOMPARE(SettingsStore::GetSetting(app, "Settings", "FontName") + "|11", expected);
     }
 
 private:
