@@ -7,6 +7,7 @@
 #include "editors/memo/frmMemo.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -443,7 +444,8 @@ private slots:
     }
 
 private:
-    QTemporaryDir m_dir;
+    // A short name, so that a file in it always fits the box whatever letters it gets.
+    QTemporaryDir m_dir { QDir::tempPath() + QStringLiteral("/kw-XXXXXX") };
     const QString m_file = m_dir.filePath(QStringLiteral("notes.txt"));
     const QString m_deep = m_dir.path() + QString("/a rather long folder name").repeated(10);
 };

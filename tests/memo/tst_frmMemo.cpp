@@ -127,6 +127,17 @@ private slots:
         QCOMPARE(memo.Value(), QStringLiteral("a\r\nba\r\nb"));
     }
 
+    // The window sees its keys first: Ctrl+A selects all the text wherever the focus is.
+    void ctrlASelectsAllWhereverTheFocusIs()
+    {
+        frmMemo memo;
+        QVERIFY(showActive(memo, QStringLiteral("a\r\nb")));
+        memo.setFocus();
+        QTRY_VERIFY(memo.hasFocus());
+        QTest::keyClick(&memo, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(memo.txtMemo->textCursor().selectedText().size(), 3);
+    }
+
     void droppedFilesReplaceTheTextOnlyWhenOneExists_data()
     {
         QTest::addColumn<QStringList>("files");
