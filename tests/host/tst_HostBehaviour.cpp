@@ -11,16 +11,6 @@
 using namespace kwFieldDeck;
 using test::ShownGrid;
 
-namespace {
-QStringList names(kwPropertyControl *grid)
-{
-    QStringList all;
-    for (Field *field : *grid->Fields())
-        all << field->Name();
-    return all;
-}
-} // namespace
-
 class tst_HostBehaviour : public QObject
 {
     Q_OBJECT
@@ -142,18 +132,24 @@ private slots:
     {
         QFETCH(QString, second);
         QFETCH(QStringList, fields);
+        const auto names = [this] {
+            QStringList all;
+            for (Field *field : *host->grid->Fields())
+                all << field->Name();
+            return all;
+        };
         host->add("Code", ftText, "code");
         const QString first = QStringLiteral("ADDFIELD A1\nTYPE=TEXT\nVALUE=a1\nENDFIELD\n"
                                              "ADDFIELD A2\nTYPE=CHECKBOX\nVALUE=1\nENDFIELD");
         QVERIFY(host->grid->setProperty("definition", first));
         host->add("Later", ftText, "later");
-        QCOMPARE(names(host->grid), QStringList({ "Code", "A1", "A2", "Later" }));
+        QCOMPARE(names(), QStringList({ "Code", "A1", "A2", "Later" }));
         QCOMPARE(host->grid->definition(), first);
         test::MessageRecorder messages;
         host->grid->setDefinition(second);
         QVERIFY(messages.messages.isEmpty());
         QCOMPARE(host->grid->property("definition").toString(), second);
-        QCOMPARE(names(host->grid), fields);
+        QCOMPARE(names(), fields);
         // The rows are laid out again: the remaining rows close up, in order.
         for (int row = 0; row < fields.size(); ++row) {
             const QString value = host->grid->Fields()->Item(row + 1)->Value().toString();

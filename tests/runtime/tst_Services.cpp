@@ -394,23 +394,21 @@ private slots:
     {
         QTest::addColumn<QString>("written"); // both below the test's folder
         QTest::addColumn<QString>("expected");
+        auto row = [](const char *name, const char *written, const char *expected) {
+            QTest::newRow(name) << written << expected;
+        };
         const char *db = "/Data/Combo Lists/Colours.DB";
-        QTest::newRow("as written") << db << db;
-        QTest::newRow("upper-cased") << "/DATA/COMBO LISTS/COLOURS.DB" << db;
-        QTest::newRow("backslashes and case") << "\\DATA\\combo lists\\colours.db" << db;
-        QTest::newRow("folder, trailing separator") << "\\DATA\\"
-                                                    << "/Data/";
-        QTest::newRow("missing name keeps the matched part") << "/DATA/gone.txt"
-                                                             << "/Data/gone.txt";
-        QTest::newRow("missing folder keeps the rest as written") << "\\data\\NoSuch\\README.TXT"
-                                                                  << "/Data/NoSuch/README.TXT";
+        row("as written", db, db);
+        row("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
+        row("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
+        row("folder, trailing separator", "\\DATA\\", "/Data/");
+        row("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
+        row("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
         // Of names that differ only in case, the one written exactly is taken first.
-        QTest::newRow("exact twin NAME") << "/Twins/NAME.txt"
-                                         << "/Twins/NAME.txt";
-        QTest::newRow("exact twin name.TXT") << "/Twins/name.TXT"
-                                             << "/Twins/name.TXT";
-        QTest::newRow("folder in other case") << "\\TWINS\\Name.txt"
-                                              << "/Twins/Name.txt";
+        row("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
+        row("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
+        row("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
     }
 
     void pathIsResolvedWithoutRegardToCase()
