@@ -45,8 +45,7 @@ public:
     {
     }
     ~MessageRecorder() { setMessageBoxHandler(std::move(m_previous)); }
-    MessageRecorder(const MessageRecorder &) = delete;
-    MessageRecorder &operator=(const MessageRecorder &) = delete;
+    Q_DISABLE_COPY(MessageRecorder)
 
     QStringList prompts() const
     {
@@ -80,8 +79,7 @@ public:
     {
     }
     ~ErrorRecorder() { setErrorReportHandler(std::move(m_previous)); }
-    ErrorRecorder(const ErrorRecorder &) = delete;
-    ErrorRecorder &operator=(const ErrorRecorder &) = delete;
+    Q_DISABLE_COPY(ErrorRecorder)
 
     QStringList sources() const
     {

@@ -1,0 +1,380 @@
+// The rows' data as a host and a user meet it: each type's value convention and change chain, the
+// set-once type, the size limit, limits and colours, the two collections and their entries.
+
+#include "host/ShownGrid.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace kwFieldDeck;
+using test::ShownGrid;
+
+namespace {
+enum UserInput { Typed, PastedByKey, PastedFromMenu };
+
+void pasteFromTheMenu(QLineEdit *edit)
+{
+    QContextMenuEvent menuEvent(
+        QContextMenuEvent::Mouse, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
+    QCoreApplication::sendEvent(edit, &menuEvent);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    QWidget *menu = QApplication::activePopupWidget();
+    for (QAction *action : menu->actions()) {
+        if (action->text().startsWith(QLatin1String("&Paste")))
+            action->trigger();
+    }
+    menu->close();
+}
+} // namespace
+
+class tst_FieldModel : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<ShownGrid> host;
+private slots:
+    void init()
+    {
+        host = std::make_unique<ShownGrid>();
+        QVERIFY(host->active);
+    }
+    void cleanup() { host.reset(); }
+
+    // A host's write follows its type's convention: what the row then shows and what Value
+    // reads. When the row's editor changes it runs an edit's change chain: the field's Changed,
+    // once the row shows the new value, then the grid's.
+    void valueFollowsTheConventionOfItsType_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("shown"); // a date as a date box shows it
+        QTest::addColumn<QString>("read");
+        QTest::addColumn<bool>("changes");
+        auto row = [](const char *name, lFieldTypes type, const char *before, const QVariant &value,
+                       const QVariant &shown, const char *read, bool changes) {
+            QTest::newRow(name) << int(type) << before << value << shown << read << changes;
+        };
+        const QDate march1(2024, 3, 1), january2(2025, 1, 2);
+        row("text 16-bit", ftText, "", qint16(42), "42", "42", true);
+        row("text date", ftText, "", march1, "2024-03-01", "2024-03-01", true);
+        row("text keeps out a boolean", ftText, "before", true, "before", "true", false);
+        row("text keeps out empty", ftText, "before", QVariant(), "before", "", false);
+        row("text unchanged", ftText, "old", "old", "old", "old", false);
+        row("numeric 12abc", ftNumeric, "", "12abc", "12", "12", true);
+        row("numeric abc", ftNumeric, "", "abc", "0", "abc", false);
+        row("numeric 3.7xyz", ftNumeric, "", "3.7xyz", "3.7", "3.7", true);
+        row("check true ", ftCheckBox, "", "true ", "1", "1", true);
+        row("check yes clears", ftCheckBox, "1", "yes", "0", "0", true);
+        row("check yes on a clear box", ftCheckBox, "", "yes", "0", "yes", false);
+        row("check TRUE on a ticked box", ftCheckBox, "1", "TRUE", "1", "1", false);
+        row("slider 3.7xyz", ftSlider, "", "3.7xyz", "4", "4", true);
+        row("date not a date", ftDate, "2024-03-01", "no date", march1, "no date", false);
+        row("date", ftDate, "2024-03-01", january2, january2, "2025-01-02", true);
+        row("combo reads the key", ftCombo, "", "20", "twenty", "20", true);
+    }
+    void valueFollowsTheConventionOfItsType()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, before);
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, shown);
+        QFETCH(QString, read);
+        QFETCH(bool, changes);
+        Field *field = host->add("Row", lFieldTypes(type), before);
+        if (type == ftCombo) {
+            field->DropDownValues()->Add("10", "ten");
+            field->DropDownValues()->Add("20", "twenty");
+        }
+        QStringList heard;
+        connect(field, &Field::Changed, this, [&](const QVariant &changedTo) {
+            heard << "field " + changedTo.toString() + " shown " + host->readOut(0);
+            QCOMPARE(field->Value(), changedTo);
+        });
+        connect(host->grid, &kwPropertyControl::Changed, this,
+            [&](Field *changed) { heard << "grid " + changed->Name(); });
+        field->setValue(value);
+        const QString text = shown.typeId() == QMetaType::QDate
+            ? QLocale().toString(shown.toDate(), QDateEdit().displayFormat())
+            : shown.toString();
+        QCOMPARE(host->readOut(0), text);
+        QCOMPARE(field->Value().toString(), read);
+        QCOMPARE(heard,
+            changes ? QStringList({ "field " + read + " shown " + text, "grid Row" })
+                    : QStringList());
+    }
+
+    // A second type warns and still changes; the earlier row stays on the grid (intended).
+    void typeIsSetOnceButStillChanges()
+    {
+        Field *field = host->add("Port", ftText, "abc");
+        test::MessageRecorder messages;
+        field->setFieldType(ftText);
+        field->setFieldType(ftNumeric);
+        const QString warning
+            = "Field:Port\r\nCan't Change Field Type once it has already been set!";
+        QCOMPARE(messages.prompts(), QStringList({ warning, warning }));
+        QCOMPARE(messages.messages.last().style, MsgBoxStyle::OKOnly);
+        QCOMPARE(messages.messages.last().title, QString());
+        QCOMPARE(field->FieldType(), qint32(ftNumeric));
+        // One row more, below: the same type again added none.
+        QCOMPARE(host->textAt(0), QStringLiteral("abc"));
+        QVERIFY(host->textAt(1) != QStringLiteral("(none)"));
+        QCOMPARE(host->textAt(2), QStringLiteral("(none)"));
+    }
+
+    // Size limits what a user types or pastes into a text row, never the text the program
+    // sets; a number row takes no size and shows 0 until it has a value.
+    void sizeLimitsWhatTheUserTypesOrPastes_data()
+    {
+        QTest::addColumn<QString>("set"); // how the text arrives: by Add, Value or a definition
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QPoint>("selection"); // start, length
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<int>("how");
+        QTest::addColumn<QString>("after");
+        auto row = [](const char *name, const char *before, QPoint selection, const char *input,
+                       int how, const char *after, const char *set = "Add") {
+            QTest::newRow(name) << set << before << selection << input << how << after;
+        };
+        row("typing stops", "", { 0, 0 }, "abcdefg", Typed, "abcde");
+        row("typing over a selection", "abcde", { 1, 2 }, "xyz", Typed, "axyde");
+        row("paste is cut", "abc", { 3, 0 }, "123456", PastedByKey, "abc12");
+        row("paste over all", "abcde", { 0, 5 }, "123456789", PastedByKey, "12345");
+        row("paste into a full box", "abcde", { 2, 0 }, "x", PastedByKey, "abcde");
+        row("paste from the menu", "ab", { 0, 0 }, "123456", PastedFromMenu, "123ab");
+        for (const char *set : { "Add", "Value", "definition" })
+            row(qPrintable(QStringLiteral("longer text set by %1 takes no key").arg(set)),
+                "1234567890", { 10, 0 }, "x", Typed, "1234567890", set);
+        row("a number row takes no size", "0", { 0, 1 }, "1234567", Typed, "1234567", "number");
+    }
+    void sizeLimitsWhatTheUserTypesOrPastes()
+    {
+        QFETCH(QString, set);
+        QFETCH(QString, before);
+        QFETCH(QPoint, selection);
+        QFETCH(QString, input);
+        QFETCH(int, how);
+        QFETCH(QString, after);
+        if (set == "definition")
+            host->grid->ReadDef(
+                "ADDFIELD Code\r\nTYPE=TEXT\r\nSIZE=5\r\nVALUE=" + before + "\r\nENDFIELD");
+        else
+            host->grid->Fields()->Add(
+                "Code", set == "number" ? ftNumeric : ftText, 5, set == "Add" ? before : QString());
+        Field *field = host->grid->Fields()->Item(1);
+        QVERIFY(field);
+        if (set == "Value")
+            field->setValue(before);
+        if (set == "number")
+            QCOMPARE(field->Value(), QVariant(0.0));
+        host->click(host->editorPoint(0));
+        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(edit);
+        QCOMPARE(edit->text(), before);
+        edit->setSelection(selection.x(), selection.y());
+        QGuiApplication::clipboard()->setText(input);
+        if (how == Typed)
+            QTest::keyClicks(edit, input);
+        else if (how == PastedByKey)
+            QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+        else
+            pasteFromTheMenu(edit);
+        QCOMPARE(edit->text(), after);
+        QCOMPARE(field->Value(), set == "number" ? QVariant(after.toDouble()) : QVariant(after));
+    }
+
+    // Min reaches a date row's calendar once it is a date, and Max only when Min is one
+    // (intended). A row's colours reach its text box; a date box keeps its own (intended).
+    void limitsAndColoursReachTheEditor()
+    {
+        Field *text = host->add("Host", ftText, "abc");
+        Field *date = host->add("Start", ftDate, "2024-03-01");
+        const QColor colour(0xDD, 0xEE, 0xFF);
+        for (Field *field : { text, date })
+            field->setBackColor(0x00FFEEDD);
+        date->setMax(QDate(2030, 1, 1));
+        host->click(host->editorPoint(0));
+        QCOMPARE(QApplication::focusWidget()->palette().color(QPalette::Base), colour);
+        host->click(host->namePoint(1));
+        auto *box = qobject_cast<QDateEdit *>(QApplication::focusWidget());
+        QVERIFY(box);
+        QVERIFY(box->palette().color(QPalette::Base) != colour);
+        QVERIFY(box->maximumDate() != QDate(2030, 1, 1));
+        date->setMin(QDate(2020, 1, 1));
+        date->setMax(QDate(2030, 1, 1));
+        QCOMPARE(box->minimumDate(), QDate(2020, 1, 1));
+        QCOMPARE(box->maximumDate(), QDate(2030, 1, 1));
+    }
+
+    // Every part of a row's editor that takes the focus says which field it edits.
+    void editorsAreNamedForScreenReaders_data()
+    {
+        QTest::addColumn<int>("type");
+        for (int type = ftText; type <= ftMemo; ++type)
+            QTest::newRow(QMetaEnum::fromType<lFieldTypes>().valueToKey(type)) << type;
+    }
+    void editorsAreNamedForScreenReaders()
+    {
+        QFETCH(int, type);
+        host->grid->Fields()->Add("Port", lFieldTypes(type), 0, {}, "Port the server listens on");
+        host->click(host->namePoint(0));
+        int named = 0;
+        for (const QWidget *part : host->grid->findChildren<QWidget *>()) {
+            if (part->focusPolicy() == Qt::NoFocus)
+                continue;
+            QCOMPARE(part->accessibleName(), QStringLiteral("Port"));
+            QCOMPARE(part->accessibleDescription(), QStringLiteral("Port the server listens on"));
+            ++named;
+        }
+        QVERIFY(named > 0);
+    }
+
+    // Each Add appends its entry to the row's list with the number its key starts with; the last
+    // Add decides whether the entries carry keys of their own.
+    void dropDownEntriesFillTheList_data()
+    {
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QStringList>("storedKeys");
+        QTest::addColumn<QList<int>>("itemData");
+        QTest::addColumn<bool>("flag");
+        auto row = [](const char *name, const QStringList &keys, const QStringList &storedKeys,
+                       const QList<int> &itemData, bool flag) {
+            QTest::newRow(name) << keys << storedKeys << itemData << flag;
+        };
+        row("keyless", { "", "" }, { "1", "2" }, { 1, 2 }, false);
+        row("keyed then keyless", { "10", "" }, { "10", "1" }, { 10, 1 }, false);
+        row("keyless then keyed", { "", "7" }, { "1", "7" }, { 1, 7 }, true);
+        row("text key", { "abc" }, { "abc" }, { 0 }, true);
+        row("number then text", { "12kg" }, { "12kg" }, { 12 }, true);
+    }
+    void dropDownEntriesFillTheList()
+    {
+        QFETCH(QStringList, keys);
+        QFETCH(QStringList, storedKeys);
+        QFETCH(QList<int>, itemData);
+        QFETCH(bool, flag);
+        DropDownValues *values = host->add("Unit", ftCombo)->DropDownValues();
+        for (int i = 0; i < keys.size(); ++i)
+            QCOMPARE(values->Add(keys[i], QStringLiteral("entry %1").arg(i))->Key(), storedKeys[i]);
+        QCOMPARE(values->UseComboItemData(), flag);
+        host->click(host->namePoint(0));
+        auto *list = host->grid->findChild<QComboBox *>();
+        QVERIFY(list);
+        QCOMPARE(list->count(), keys.size());
+        for (int i = 0; i < keys.size(); ++i) {
+            QCOMPARE(list->itemText(i), QStringLiteral("entry %1").arg(i));
+            QCOMPARE(list->itemData(i).toInt(), itemData[i]);
+        }
+    }
+
+    // Both collections find by position or by key in any letter case, and report what is missing
+    // under their own names, giving null; an entry's key that differs only in case is refused.
+    // Removing an entry leaves the row's list as it was until the editor is rebuilt (intended).
+    void collectionsFindByKeyInAnyCase()
+    {
+        Fields *fields = host->grid->Fields();
+        Field *port = host->add("Port"), *name = host->add("name"),
+              *mode = host->add("Mode", ftCombo);
+        DropDownValues *values = mode->DropDownValues();
+        DropDownValue *one = values->Add({}, "One"), *fast = values->Add("Fast", "Fast mode");
+        // A key that reads as a number is still a key when given as text.
+        DropDownValue *three = values->Add("3", "Three");
+        QCOMPARE(fields->Item("PORT"), port);
+        QCOMPARE(fields->Item(qint16(2)), name);
+        QCOMPARE(
+            QList<Field *>(fields->begin(), fields->end()), (QList<Field *> { port, name, mode }));
+        QCOMPARE(values->Item("FAST"), fast);
+        QCOMPARE(values->Item("3"), three);
+        QCOMPARE(values->Item(1), one);
+        test::ErrorRecorder errors;
+        QVERIFY(!values->Add("fast", "Second"));
+        QCOMPARE(errors.errors.first().number, 457);
+        QCOMPARE(errors.sources(), { "Function 'Add' of Class Module 'DropDownValues'" });
+        for (const QVariant &missing : { QVariant("nothing"), QVariant(0), QVariant(4) }) {
+            QVERIFY(!fields->Item(missing) && !values->Item(missing));
+            fields->Remove(missing);
+            values->Remove(missing);
+        }
+        const QStringList once { "Property 'Item' of Class Module 'Fields'",
+            "Property 'Item' of Class Module 'DropDownValues'",
+            "Sub 'Remove' of Class Module 'Fields'",
+            "Sub 'Remove' of Class Module 'DropDownValues'" };
+        QCOMPARE(errors.sources().mid(1), once + once + once);
+        QCOMPARE(fields->Count(), 3);
+        values->Remove(1);
+        QCOMPARE(values->Item(1), fast);
+        QCOMPARE(QList<DropDownValue *>(values->begin(), values->end()),
+            (QList<DropDownValue *> { fast, three }));
+        values->Remove("fast");
+        QCOMPARE(values->Count(), 1);
+        // The key counter is never reset, and a removed key can be used again.
+        QCOMPARE(values->Add({}, "Two")->Key(), QStringLiteral("2"));
+        QVERIFY(values->Add("FAST", "Fast again"));
+        host->click(host->namePoint(2));
+        QCOMPARE(host->grid->findChild<QComboBox *>()->count(), 5);
+    }
+
+    // Members meant for another type: Add of an entry on a text row gives null, InitDir and
+    // Title do nothing, and Filter goes to the file selector unguarded, so a text row reports it
+    // (intended). A collection without its owner reports a missing object.
+    void membersOutOfTheirPlace()
+    {
+        Field *text = host->add("Host");
+        text->DropDownValues()->setUseComboItemData(true);
+        test::ErrorRecorder errors;
+        QVERIFY(!text->DropDownValues()->Add("a", "A"));
+        QCOMPARE(text->DropDownValues()->Count(), 0);
+        QCOMPARE(text->DropDownValues()->UseComboItemData(), true);
+        text->setInitDir("/tmp");
+        text->setTitle("Pick");
+        QCOMPARE(text->InitDir() + text->Title(), QString());
+        QVERIFY(errors.errors.isEmpty());
+        text->setFilter("Text|*.txt");
+        QCOMPARE(errors.sources(), { "Property 'Filter' of Class Module 'Field'" });
+        DropDownValues orphanValues;
+        QVERIFY(!orphanValues.Add("a", "A"));
+        QCOMPARE(errors.sources().last(), "Function 'Add' of Class Module 'DropDownValues'");
+        Fields orphanFields;
+        test::MessageRecorder messages;
+        QVERIFY(!orphanFields.Add("Port", ftText));
+        QVERIFY(errors.sources().contains("Property 'FieldType' of Class Module 'Field'"));
+        QCOMPARE(errors.sources().last(), "Function 'Add' of Class Module 'Fields'");
+        for (const test::ReportedError &error : errors.errors)
+            QCOMPARE(error.number, 91);
+        QCOMPARE(orphanFields.Count(), 0);
+    }
+
+    // Remove hides a row and lets go of its editor, so a later write to the field is reported;
+    // Clear hides the rows but keeps their editors, and lays the grid out. A host may keep the
+    // fields it was given.
+    void removeAndClearTakeRowsOut()
+    {
+        host->addRows(3);
+        Fields *fields = host->grid->Fields();
+        QPointer<Field> removed = fields->Item(1);
+        Field *cleared = fields->Item(3);
+        fields->Remove("ROW0");
+        QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row1"));
+        QVERIFY(!removed->Visible());
+        test::ErrorRecorder errors;
+        removed->setValue("new");
+        QCOMPARE(errors.errors.size(), 1);
+        QCOMPARE(errors.errors.first().number, 91);
+        fields->Clear();
+        QCOMPARE(fields->Count(), 0);
+        QVERIFY(!cleared->Visible());
+        cleared->setValue("new");
+        QCOMPARE(errors.errors.size(), 1);
+        host->add("Again", ftText, "again");
+        QCOMPARE(host->textAt(0), QStringLiteral("again"));
+        QCoreApplication::processEvents();
+        QVERIFY(removed);
+    }
+};
+
+QTEST_MAIN(tst_FieldModel)
+#include "tst_FieldModel.moc"

@@ -1,0 +1,464 @@
+// The services under every other layer, each through its own rules: value conversions, the error
+// trap, colours, the settings store's encoding, database reads, paths and dialog arguments.
+
+#include "runtime/Colors.h"
+#include "runtime/Database.h"
+#include "runtime/Dialogs.h"
+#include "runtime/Error.h"
+#include "runtime/FileSystem.h"
+#include "runtime/FolderConditions.h"
+#include "runtime/SettingsStore.h"
+#include "runtime/Values.h"
+
+#include "RaisedError.h"
+#include "TestSupport.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <optional>
+#include <stdexcept>
+
+using namespace kwFieldDeck;
+using test::raisedError;
+using test::readFile;
+
+namespace {
+enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
+
+QVariant convert(int conversion, const QVariant &v)
+{
+    const std::function<QVariant()> conversions[]
+        = { [&] { return leadingNumber(v.toString()); }, [&] { return int(toInt16(v)); },
+              [&] { return toInt32(v); }, [&] { return toDouble(v); }, [&] { return toBool(v); },
+              [&] { return isDate(v); }, [&] { return toDate(v); }, [&] { return textOf(v); } };
+    return conversions[conversion]();
+}
+
+QVariant text(const char *utf8)
+{
+    return textValue(QString::fromUtf8(utf8));
+}
+
+// A body that fails before it can return its value.
+template <typename T>
+T failing(int number, T value)
+{
+    raise(number);
+    return value;
+}
+
+// Every role its own colour, so that a wrong role cannot give the right colour.
+QColor roleColour(int role)
+{
+    return QColor(role * 9, 255 - role * 9, 7);
+}
+
+// Runs SQL on a writable connection of the test's own, closed before the library opens the file.
+bool runSql(const QString &path, const QStringList &statements)
+{
+    bool done = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("w"));
+        db.setDatabaseName(path);
+        done = db.open();
+        QSqlQuery query(db);
+        for (const QString &sql : statements)
+            done = done && query.exec(sql);
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("w"));
+    return done;
+}
+
+QStringList valuesOf(Recordset &records, const QString &column)
+{
+    QStringList values;
+    for (records.MoveFirst(); !records.IsEOF(); records.MoveNext())
+        values << records.Value(column).toString();
+    return values;
+}
+
+const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
+} // namespace
+
+class tst_Services : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        m_db = m_dir.filePath(QStringLiteral("lists.db"));
+        const QString odd = QStringLiteral("\"odd\"\"name; DROP TABLE colours; --\"");
+        QVERIFY(runSql(m_db,
+            { "CREATE TABLE colours (code TEXT, name TEXT)",
+                "INSERT INTO colours VALUES ('R','Red'), ('G','Green'), ('B','Blue')",
+                "CREATE TABLE " + odd + " (name TEXT)",
+                "INSERT INTO " + odd + " VALUES ('odd')" }));
+        QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("Data/Combo Lists")));
+        QVERIFY(QDir(m_dir.path()).mkdir(QStringLiteral("Twins")));
+        for (const char *name :
+            { "Data/Combo Lists/Colours.DB", "Twins/Name.txt", "Twins/NAME.txt", "Twins/name.TXT" })
+            QVERIFY(!test::writeFile(m_dir.filePath(QLatin1String(name)), {}).isEmpty());
+    }
+
+    void init()
+    {
+        m_config = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_config->path()));
+    }
+
+    void conversionGivesTheValueOrRaises_data()
+    {
+        QTest::addColumn<int>("conversion");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("expected"); // ignored when an error is expected
+        QTest::addColumn<int>("error");
+        auto row = [](const char *name, int conversion, const QVariant &value,
+                       const QVariant &expected, int error = 0) {
+            QTest::newRow(name) << conversion << value << expected << error;
+        };
+        const QDate march1(2024, 3, 1);
+        const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
+        row("Val 12abc", Val, text("12abc"), 12.0);
+        row("Val abc", Val, text("abc"), 0.0);
+        row("Val 3.7xyz", Val, text("3.7xyz"), 3.7);
+        row("Val blank, sign, dangling exponent", Val, text(" -2.5e"), -2.5);
+        row("16-bit 2.5 to even", Int16, 2.5, 2);
+        row("16-bit 3.5 to even", Int16, 3.5, 4);
+        row("16-bit 40000", Int16, 40000, {}, overflow);
+        row("16-bit 32767.5 rounds past", Int16, 32767.5, {}, overflow);
+        row("16-bit empty is 0", Int16, QVariant(), 0);
+        row("32-bit 40000", Int32, 40000, 40000);
+        row("32-bit 3e9", Int32, 3e9, {}, overflow);
+        row("double of a date", Dbl, march1, 45352.0);
+        row("double of 12abc", Dbl, text("12abc"), {}, mismatch);
+        row("truth of ' True '", Bool, text(" True "), true);
+        row("truth of 'yes'", Bool, text("yes"), {}, mismatch);
+        row("truth of ''", Bool, text(""), {}, mismatch);
+        row("date test 1.3.2024", IsDate, text("1.3.2024"), true);
+        row("date test 2024-02-30", IsDate, text("2024-02-30"), false);
+        row("date 3/1/2024", Date, text("3/1/2024"), march1);
+        row("date with a time", Date, text("2024-03-01 14:30"), march1);
+        row("date of a serial", Date, 45352.75, march1);
+        row("date of tomorrow", Date, text("tomorrow"), {}, mismatch);
+        row("text of a single", Text, singleValue(3.7f), text("3.7"));
+        row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
+        row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
+            text("2024-03-01 14:05:09"));
+    }
+
+    void conversionGivesTheValueOrRaises()
+    {
+        QFETCH(int, conversion);
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, expected);
+        QFETCH(int, error);
+        QVariant result;
+        QCOMPARE(raisedError([&] { result = convert(conversion, value); }), error);
+        if (!error)
+            QCOMPARE(result, expected);
+    }
+
+    void trapReportsWithTheSourceTextAndReturnsAnEmptyValue()
+    {
+        test::ErrorRecorder recorder;
+        const char *source = "Function 'Item' of Class Module 'Fields'";
+        QObject object, *missing = nullptr;
+        QCOMPARE(trap(source, [&] { return failing<QObject *>(ErrSubscriptOutOfRange, &object); }),
+            nullptr);
+        QCOMPARE(trap(source, [] { return failing(ErrTypeMismatch, QStringLiteral("x")); }), "");
+        QCOMPARE(trap(source, [] { return failing(ErrOverflow, 7); }), 0);
+        QVERIFY(!trap(source, [] { return failing(ErrDuplicateKey, QVariant(7)); }).isValid());
+        QCOMPARE(trap(source, [] { return 42; }), 42);
+        QCOMPARE(trap(source, [&] { return require(&object); }), &object);
+        trap(source, [&] { require(missing)->objectName(); });
+        trap(source, [] { throw std::runtime_error("disk gone"); });
+        QCOMPARE(recorder.sources(), QStringList(6, QString::fromLatin1(source)));
+        QStringList descriptions;
+        for (const test::ReportedError &error : recorder.errors)
+            descriptions << QStringLiteral("%1 %2").arg(error.number).arg(error.description);
+        QCOMPARE(descriptions,
+            (QStringList { "9 Subscript out of range", "13 Type mismatch", "6 Overflow",
+                "457 This key is already associated with an element of this collection",
+                "91 Object variable or With block variable not set", "51 disk gone" }));
+    }
+
+    void colourIsRgbWithRedLowOrAPaletteRole_data()
+    {
+        QTest::addColumn<quint32>("value");
+        QTest::addColumn<QColor>("colour");
+        QTest::newRow("red") << 0x000000FFu << QColor(255, 0, 0);
+        QTest::newRow("blue") << 0x00FF0000u << QColor(0, 0, 255);
+        QTest::newRow("mixed") << 0x00123456u << QColor(0x56, 0x34, 0x12);
+        QTest::newRow("button face") << SystemColor::ButtonFace << roleColour(QPalette::Button);
+        QTest::newRow("window background")
+            << SystemColor::WindowBackground << roleColour(QPalette::Base);
+        QTest::newRow("highlight") << SystemColor::Highlight << roleColour(QPalette::Highlight);
+        QTest::newRow("button text") << 0x80000012u << roleColour(QPalette::ButtonText);
+    }
+
+    void colourIsRgbWithRedLowOrAPaletteRole()
+    {
+        QFETCH(quint32, value);
+        QFETCH(QColor, colour);
+        QPalette palette;
+        for (int r = 0; r < QPalette::NColorRoles; ++r)
+            palette.setColor(QPalette::Active, QPalette::ColorRole(r), roleColour(r));
+        QCOMPARE(toQColor(value, palette), colour);
+        if (!isSystemColor(value))
+            QCOMPARE(fromQColor(colour), value);
+    }
+
+    void anyTextRoundTripsAsANameOrAValue()
+    {
+        // Names that look alike in a settings file each address a value of their own.
+        const QStringList texts = { QString(), "a/b", "a\\b", "a%2Fb", "a", "Name=x=y",
+            "a\r\nb\r\n", "a%CRLF%b", QStringLiteral("Gr\u00FC\u00DFe \u65E5\u672C \U0001F389"),
+            "[General]", "@Variant(\\0\\x7f) #x ;y", QStringLiteral("a") + QChar(0) + QChar(0x7f) };
+        const QString app = QStringLiteral("RoundTrip"), s = QStringLiteral("S"),
+                      k = QStringLiteral("K");
+        for (const QString &t : texts) {
+            SettingsStore::SaveSetting(app, t, k, "s:" + t);
+            SettingsStore::SaveSetting(app, s, t, "k:" + t);
+            SettingsStore::SaveSetting(t, s, k, "a:" + t);
+        }
+        for (const QString &t : texts) {
+            QCOMPARE(SettingsStore::GetSetting(app, t, k), "s:" + t);
+            QCOMPARE(SettingsStore::GetSetting(app, s, t), "k:" + t);
+            QCOMPARE(SettingsStore::GetSetting(t, s, k), "a:" + t);
+        }
+        QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("none"), QStringLiteral("dflt")),
+            QStringLiteral("dflt"));
+    }
+
+    void namesMatchWithoutRegardToLetterCase_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<QStringList>("spellings");
+        const QString longName = QString(250, QLatin1Char('x')) + QStringLiteral("\u00C4pfel");
+        QTest::newRow("application") << 0 << QStringList { "MyApp", "myapp", "MYAPP" };
+        QTest::newRow("non-ASCII application")
+            << 0
+            << QStringList { "\u00C4pfel \u00DCbung", "\u00E4PFEL \u00FCBUNG",
+                   "\u00E4pfel \u00FCbung" };
+        QTest::newRow("long application")
+            << 0 << QStringList { longName, longName.toUpper(), longName.toLower() };
+        QTest::newRow("section") << 1 << QStringList { "Grid", "grid", "GRID" };
+        QTest::newRow("key") << 2 << QStringList { "Values", "values", "VALUES" };
+    }
+
+    void namesMatchWithoutRegardToLetterCase()
+    {
+        QFETCH(int, level);
+        QFETCH(QStringList, spellings);
+        // The application, section and key, with the level under test spelled as asked.
+        auto address = [&](int spelling) {
+            QStringList names { "App", "Section", "Key" };
+            names[level] = spellings[spelling];
+            return names;
+        };
+        auto save = [&](int spelling, const QString &value) {
+            const QStringList n = address(spelling);
+            SettingsStore::SaveSetting(n[0], n[1], n[2], value);
+        };
+        auto get = [&](int spelling) {
+            const QStringList n = address(spelling);
+            return SettingsStore::GetSetting(n[0], n[1], n[2], QStringLiteral("dflt"));
+        };
+        save(0, QStringLiteral("first"));
+        QCOMPARE(get(1), QStringLiteral("first"));
+        save(1, QStringLiteral("second"));
+        QCOMPARE(get(2), QStringLiteral("second"));
+        QCOMPARE(get(0), QStringLiteral("second"));
+        // One file, one entry: the spelling first written is kept.
+        const QString path = SettingsStore::filePath(address(0)[0]);
+        QCOMPARE(SettingsStore::filePath(address(2)[0]), path);
+        QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
+            QStringList { QFileInfo(path).fileName() });
+        const QByteArray contents = readFile(path);
+        QCOMPARE(contents.count("second"), 1);
+        QVERIFY2(!contents.contains("first"), contents.constData());
+        if (level > 0) {
+            QVERIFY2(contents.contains(spellings[0].toLatin1()), contents.constData());
+            QVERIFY2(!contents.contains(spellings[1].toLatin1()), contents.constData());
+        }
+    }
+
+    void aStoreThatCannotBeWrittenFailsAndStaysWhole_data()
+    {
+        QTest::addColumn<bool>("readOnlyFolder");
+        QTest::newRow("read-only folder") << true;
+        QTest::newRow("the store is a directory") << false;
+    }
+
+    void aStoreThatCannotBeWrittenFailsAndStaysWhole()
+    {
+        QFETCH(bool, readOnlyFolder);
+        const QString app = QStringLiteral("Blocked"), s = QStringLiteral("S");
+        const QString none = QStringLiteral("dflt"), path = SettingsStore::filePath(app);
+        const QString earlier = readOnlyFolder ? QStringLiteral("earlier\r\nvalue") : none;
+        if (readOnlyFolder)
+            SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
+        else
+            QVERIFY(QDir().mkpath(path + QStringLiteral("/inside")));
+        const QByteArray before = readFile(path);
+        {
+            std::optional<test::ReadOnlyFolder> readOnly;
+            if (readOnlyFolder && !readOnly.emplace(QFileInfo(path).absolutePath()).isEffective())
+                QSKIP("This process can write to any folder and cannot mount one read-only");
+            for (const char *key : { "K", "Added" })
+                QCOMPARE(raisedError([&] {
+                    SettingsStore::SaveSetting(app, s, QLatin1String(key), QStringLiteral("new"));
+                }),
+                    75);
+            QCOMPARE(readFile(path), before);
+        }
+        // The failed values do not come back once the store can be written again.
+        if (readOnlyFolder)
+            SettingsStore::SaveSetting(app, s, QStringLiteral("Other"), QStringLiteral("later"));
+        QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("K"), none), earlier);
+        QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("Added"), none), none);
+        QCOMPARE(QFileInfo(path + QStringLiteral("/inside")).isDir(), !readOnlyFolder);
+    }
+
+    void tableNameReadsThatTableOrFailsRunningNoOtherSql_data()
+    {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<int>("error");
+        QTest::addColumn<QString>("names");
+        const int missing = ErrTableNotFound;
+        QTest::newRow("as written") << "colours" << 0 << "Red,Green,Blue";
+        QTest::newRow("upper-cased by the reader") << "COLOURS" << 0 << "Red,Green,Blue";
+        QTest::newRow("existing name with quote and semicolon") << OddTable << 0 << "odd";
+        QTest::newRow("same name upper-cased") << OddTable.toUpper() << 0 << "odd";
+        QTest::newRow("injection after a quote")
+            << "colours\"; DROP TABLE colours; --" << missing << "";
+        QTest::newRow("second statement") << "colours; DELETE FROM colours" << missing << "";
+        QTest::newRow("empty name") << "" << missing << "";
+    }
+
+    void tableNameReadsThatTableOrFailsRunningNoOtherSql()
+    {
+        QFETCH(QString, table);
+        QFETCH(int, error);
+        QFETCH(QString, names);
+        auto db = OpenDatabase(m_db);
+        std::unique_ptr<Recordset> records;
+        QCOMPARE(raisedError([&] { records = db->OpenRecordset(table); }), error);
+        if (records)
+            QCOMPARE(valuesOf(*records, QStringLiteral("NAME")).join(QLatin1Char(',')), names);
+        QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
+    }
+
+    void readOnlySnapshotLeavesTheFileAndIgnoresLaterChanges()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("snapshot.db"));
+        QVERIFY(QFile::copy(m_db, path));
+        const QByteArray before = readFile(path);
+        auto records = OpenDatabase(path)->OpenRecordset(QStringLiteral("colours"));
+        QCOMPARE(readFile(path), before);
+        QVERIFY(!QFile::exists(path + QStringLiteral("-journal")));
+        QVERIFY(runSql(path, { QStringLiteral("DELETE FROM colours") }));
+        QCOMPARE(valuesOf(*records, QStringLiteral("code")), QStringList({ "R", "G", "B" }));
+    }
+
+    void fileThatIsNoDatabaseFails_data()
+    {
+        QTest::addColumn<QByteArray>("bytes"); // null: no file at all
+        QTest::addColumn<int>("error");
+        QTest::newRow("missing file") << QByteArray() << int(ErrDatabaseFileNotFound);
+        QTest::newRow("text file")
+            << QByteArray("Property Control Definition File\r\n") << int(ErrUnrecognizedDatabase);
+        QTest::newRow("truncated database")
+            << QByteArray("truncated") << int(ErrUnrecognizedDatabase);
+    }
+
+    void fileThatIsNoDatabaseFails()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, error);
+        if (bytes == "truncated")
+            bytes = readFile(m_db).left(60); // the start of a real database
+        const QString path = m_dir.filePath(QStringLiteral("bad.db"));
+        QVERIFY(bytes.isNull() || !test::writeFile(path, bytes).isEmpty());
+        QCOMPARE(raisedError([&] { OpenDatabase(path); }), error);
+        QFile::remove(path);
+    }
+
+    void pathIsResolvedWithoutRegardToCase_data()
+    {
+        QTest::addColumn<QString>("written"); // both below the test's folder
+        QTest::addColumn<QString>("expected");
+        auto row = [](const char *name, const char *written, const char *expected) {
+            QTest::newRow(name) << written << expected;
+        };
+        const char *db = "/Data/Combo Lists/Colours.DB";
+        row("as written", db, db);
+        row("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
+        row("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
+        row("folder, trailing separator", "\\DATA\\", "/Data/");
+        row("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
+        row("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
+        // Of names that differ only in case, the one written exactly is taken first.
+        row("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
+        row("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
+        row("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
+    }
+
+    void pathIsResolvedWithoutRegardToCase()
+    {
+        QFETCH(QString, written);
+        QFETCH(QString, expected);
+        QCOMPARE(FileSystem::resolvePath(m_dir.path() + written), m_dir.path() + expected);
+    }
+
+    void filterTextBecomesQtNameFilters_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("all files")
+            << "All Files (*.*)|*.*" << QStringList { "All Files (*.*) (*)" };
+        QTest::newRow("two pairs")
+            << "Text Files (*.txt)|*.txt|All Files (*.*)|*.*"
+            << QStringList { "Text Files (*.txt) (*.[tT][xX][tT])", "All Files (*.*) (*)" };
+        QTest::newRow("several patterns")
+            << "Images|*.png;*.JPG" << QStringList { "Images (*.[pP][nN][gG] *.[jJ][pP][gG])" };
+        QTest::newRow("description without pattern is left out")
+            << "Data (*.db)|*.db|Dangling" << QStringList { "Data (*.db) (*.[dD][bB])" };
+    }
+
+    void filterTextBecomesQtNameFilters()
+    {
+        QFETCH(QString, filter);
+        QFETCH(QStringList, expected);
+        QCOMPARE(Dialogs::nameFilters(filter), expected);
+    }
+
+    void missingStartFolderFallsBackToHome_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("expected");
+        const QString data = m_dir.filePath(QStringLiteral("Data"));
+        QTest::newRow("other case and backslashes") << m_dir.path() + "\\DATA\\" << data;
+        QTest::newRow("drive of another system") << QStringLiteral("C:\\") << QDir::homePath();
+        QTest::newRow("missing") << m_dir.filePath(QStringLiteral("gone")) << QDir::homePath();
+        QTest::newRow("empty") << QString() << QDir::homePath();
+    }
+
+    void missingStartFolderFallsBackToHome()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, expected);
+        QCOMPARE(Dialogs::startFolder(folder), expected);
+    }
+
+private:
+    QTemporaryDir m_dir;
+    QString m_db;
+    std::unique_ptr<QTemporaryDir> m_config;
+};
+
+QTEST_MAIN(tst_Services)
+#include "tst_Services.moc"
