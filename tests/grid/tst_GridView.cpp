@@ -261,8 +261,8 @@ private slots:
         QCOMPARE(changed.count(), 0);
     }
 
-    // A disabled row shows its name and value in the disabled colours (a check box keeps its box
-    // as it is: intended); the grid's colours reach the rows there are and those added later.
+    // A disabled row shows its name and value in the disabled colours; the grid's colours and
+    // font reach the rows there are and those added later, the date picker's too.
     void rowsArePaintedInTheirColours()
     {
         UserGrid user;
@@ -278,14 +278,18 @@ private slots:
         for (auto cell : { &GridView::nameCellRect, &GridView::editorRect })
             QVERIFY(
                 darkest(image, area(cell, disabled)) > darkest(image, area(cell, enabled)) + 40);
+        const QFont font(QStringLiteral("Serif"), 14);
+        user.grid->setFont(font);
         user.grid->setBackColor(0x00FF0000);
         user.grid->setFieldNameBackColor(0x00EEEEEE);
         Field *later = user.addOfType(ftDate, QStringLiteral("Later"));
         user.grid->Refresh(true);
         image = user.view()->grab().toImage();
-        for (Field *field : { enabled, later })
+        for (Field *field : { enabled, later }) {
             QCOMPARE(image.pixelColor(area(&GridView::nameCellRect, field).topLeft()),
                 QColor(0xEE, 0xEE, 0xEE));
+            QCOMPARE(user.editorOf(field)->font(), font);
+        }
         QCOMPARE(
             image.pixelColor(user.view()->rect().bottomLeft() + QPoint(5, -5)), QColor(0, 0, 0xFF));
     }
