@@ -64,38 +64,17 @@ public:
     // A field of the type with a typical value; its description names it.
     Field *addOfType(int type, const QString &name)
     {
+        static const QVariant values[] = { QStringLiteral("abc"), 12, 1, 2, QDate(2024, 5, 6), 5,
+            QStringLiteral("/tmp"), QStringLiteral("/tmp"), QStringLiteral("one\r\ntwo") };
         Field *field = add(name, lFieldTypes(type), {}, QStringLiteral("About ") + name);
-        switch (type) {
-        case ftText:
-            field->setValue(QStringLiteral("abc"));
-            break;
-        case ftNumeric:
-            field->setValue(12);
-            break;
-        case ftCheckBox:
-            field->setValue(1);
-            break;
-        case ftCombo:
+        if (type == ftCombo) {
             field->DropDownValues()->Add(QStringLiteral("1"), QStringLiteral("One"));
             field->DropDownValues()->Add(QStringLiteral("2"), QStringLiteral("Two"));
-            field->setValue(2);
-            break;
-        case ftDate:
-            field->setValue(QDate(2024, 5, 6));
-            break;
-        case ftSlider:
+        } else if (type == ftSlider) {
             field->setMin(0);
             field->setMax(10);
-            field->setValue(5);
-            break;
-        case ftFileSelector:
-        case ftFolderSelector:
-            field->setValue(QStringLiteral("/tmp"));
-            break;
-        case ftMemo:
-            field->setValue(QStringLiteral("one\r\ntwo"));
-            break;
         }
+        field->setValue(values[type - 1]);
         return field;
     }
 
