@@ -132,14 +132,11 @@ private slots:
             QTest::newRow(name) << defText(definition) << fields << reported;
         };
         const QString critical = Grid + ": ";
-        row("keyword case ignored", "Add Field Mixed|tYpE=Memo|end field", { "Mixed:MEMO=" });
-        row("tabs removed after trimming", " ADDFIELD Tab\t|\tTYPE=\tTEXT\t |END\tFIELD",
-            { "Tab:TEXT=" });
+        row("keywords in any case, tabs removed after trimming, an unfinished block dropped",
+            "Add Field Mixed|tYpE=Memo|end field| ADDFIELD Tab\t|\tTYPE=\tTEXT\t |"
+            "FIELDNAMEWIDTH=3000|END\tFIELD|ADDFIELD B",
+            { "Mixed:MEMO=", "Tab:TEXT=" });
         row("LF alone is no line break", "ADDFIELD x\nTYPE=TEXT\nENDFIELD", {});
-        row("an unfinished block adds nothing", "ADDFIELD A|TYPE=TEXT|ENDFIELD|ADDFIELD B",
-            { "A:TEXT=" });
-        row("keys inside a block are not control-wide",
-            "ADDFIELD F|TYPE=TEXT|FIELDNAMEWIDTH=3000|ENDFIELD", { "F:TEXT=" });
         row("blank before the equals", "ADDFIELD x|TYPE = TEXT|ENDFIELD", {},
             { critical + NoNameOrType });
         row("ADD FIELD without a name", "ADD FIELD|TYPE=TEXT|ENDFIELD", {},
@@ -178,39 +175,30 @@ private slots:
         row("no list field", combo + "DB=" + m_database + "|TABLE=colours" + after, both,
             { critical + "ListField not defined for:Colour" });
         // Without a value field the automatic keys go on from the earlier combo's.
-        const QString first = "ADDFIELD First|TYPE=COMBO|ADDCOMBOITEMS|a|b|ENDCOMBOITEMS|ENDFIELD|"
-                              "ADDFIELD C|TYPE=COMBO|LISTFIELD=name|DB="
-            + m_database.toUpper() + "|";
-        const QString firstRead = "First:COMBO= [1:a 2:b]";
-        row("table with VALUEFIELD", first + "TABLE=Colours|VALUEFIELD=code|ENDFIELD",
-            { firstRead, "C:COMBO=0 [R:Red* G:Green B:Blue]" });
-        row("SORTED names the value field", first + "TABLE=colours|SORTED=Code|ENDFIELD",
-            { firstRead, "C:COMBO=0 [R:Red* G:Green B:Blue]" });
-        row("table without VALUEFIELD", first + "TABLE=colours|ENDFIELD",
-            { firstRead, "C:COMBO= [3:Red 4:Green 5:Blue]" });
-        row("VALUE picks by the value field",
-            first + "TABLE=sizes|LISTFIELD=label|VALUEFIELD=id|VALUE=20|ENDFIELD",
-            { firstRead, "C:COMBO=20 [10:Small 20:Medium* 30:Large]" });
+        const QString table = "|ADDFIELD %1|TYPE=COMBO|LISTFIELD=name|DB=" + m_database.toUpper();
+        row("combos from a table",
+            "ADDFIELD First|TYPE=COMBO|ADDCOMBOITEMS|a|b|ENDCOMBOITEMS|ENDFIELD" + table.arg("C1")
+                + "|TABLE=Colours|VALUEFIELD=code|ENDFIELD" + table.arg("C2")
+                + "|TABLE=colours|SORTED=Code|ENDFIELD" + table.arg("C3")
+                + "|TABLE=colours|ENDFIELD" + table.arg("C4")
+                + "|TABLE=sizes|LISTFIELD=label|VALUEFIELD=id|VALUE=20|ENDFIELD",
+            { "First:COMBO= [1:a 2:b]", "C1:COMBO=0 [R:Red* G:Green B:Blue]",
+                "C2:COMBO=0 [R:Red* G:Green B:Blue]", "C3:COMBO= [3:Red 4:Green 5:Blue]",
+                "C4:COMBO=20 [10:Small 20:Medium* 30:Large]" });
         // File selector keys arrive upper-cased; the value keeps its case.
         row("file selector keys",
             "ADDFIELD Log|TYPE=FileSelector|TITLE=My Files|FILTER=Logs "
             "(*.log)|INITDIR=/no/Such|VALUE=/tmp/Mixed.log|ENDFIELD",
             { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" });
-        // DESCRIPTION= gives a field its help text: read as VALUE is, inside a block only, and
-        // reset at each ADDFIELD.
-        row("description: case kept, blanks trimmed",
-            "ADDFIELD A|TYPE=TEXT|Description=  Name of the Server  |ENDFIELD",
-            { "A:TEXT= \"Name of the Server\"" });
-        row("description outside a block ignored, reset at each ADDFIELD",
-            "DESCRIPTION=lost|ADDFIELD A|TYPE=TEXT|DESCRIPTION=a|ENDFIELD|ADDFIELD B|TYPE=TEXT|"
+        // DESCRIPTION= gives a field its help text: read as VALUE is (the key in any case, the
+        // value trimmed, up to a second "=", the last one kept), inside a block only, and reset
+        // at each ADDFIELD.
+        row("description",
+            "DESCRIPTION=lost|ADDFIELD A|TYPE=TEXT|Description=  Name of the Server  |ENDFIELD|"
+            "ADDFIELD B|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD|"
+            "ADDFIELD C|TYPE=TEXT|DESCRIPTION = x|ENDFIELD|ADDFIELD D|DESCRIPTION=a=b|TYPE=TEXT|"
             "ENDFIELD",
-            { "A:TEXT= \"a\"", "B:TEXT=" });
-        row("description: the last one wins",
-            "ADDFIELD A|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD", { "A:TEXT= \"2\"" });
-        row("description: blank before the equals", "ADDFIELD A|TYPE=TEXT|DESCRIPTION = x|ENDFIELD",
-            { "A:TEXT=" });
-        row("description ends at a second equals", "ADDFIELD A|TYPE=TEXT|DESCRIPTION=a=b|ENDFIELD",
-            { "A:TEXT= \"a\"" });
+            { "A:TEXT= \"Name of the Server\"", "B:TEXT= \"2\"", "C:TEXT=", "D:TEXT= \"a\"" });
         row("description among combo items",
             "ADDFIELD C|TYPE=COMBO|ADDCOMBOITEMS|1=One|DESCRIPTION=Pick one|ENDCOMBOITEMS|ENDFIELD",
             { "C:COMBO= [1:One] \"Pick one\"" });
