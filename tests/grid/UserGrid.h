@@ -8,6 +8,7 @@
 
 #include "editors/FieldKind.h"
 #include "fieldmodel/DropDownValues_p.h"
+#include "fieldmodel/lFieldTypes_p.h"
 #include "runtime/Dialogs.h"
 
 #include <QApplication>
@@ -15,34 +16,6 @@
 #include <QLabel>
 
 namespace kwFieldDeck::test {
-
-struct FieldKind
-{
-    lFieldTypes type;
-    const char *name;
-};
-
-inline const QVector<FieldKind> &everyFieldType()
-{
-    static const QVector<FieldKind> kinds = {
-        { ftText, "Text" },
-        { ftNumeric, "Numeric" },
-        { ftCheckBox, "CheckBox" },
-        { ftCombo, "Combo" },
-        { ftDate, "Date" },
-        { ftSlider, "Slider" },
-        { ftFileSelector, "FileSelector" },
-        { ftFolderSelector, "FolderSelector" },
-        { ftMemo, "Memo" },
-    };
-    return kinds;
-}
-
-// Whether arriving at the type's "..." button opens its dialog or window.
-inline bool hasBrowseButton(int type)
-{
-    return type == ftFileSelector || type == ftFolderSelector || type == ftMemo;
-}
 
 class UserGrid : public GridHost
 {
@@ -91,46 +64,22 @@ public:
     // A field of the type with a typical value; its description names it.
     Field *addOfType(int type, const QString &name)
     {
+        static const QVariant values[] = { QStringLiteral("abc"), 12, 1, 2, QDate(2024, 5, 6), 5,
+            QStringLiteral("/tmp"), QStringLiteral("/tmp"), QStringLiteral("one\r\ntwo") };
         Field *field = add(name, lFieldTypes(type), {}, QStringLiteral("About ") + name);
-        switch (type) {
-        case ftText:
-            field->setValue(QStringLiteral("abc"));
-            break;
-        case ftNumeric:
-            field->setValue(12);
-            break;
-        case ftCheckBox:
-            field->setValue(1);
-            break;
-        case ftCombo:
+        if (type == ftCombo) {
             field->DropDownValues()->Add(QStringLiteral("1"), QStringLiteral("One"));
             field->DropDownValues()->Add(QStringLiteral("2"), QStringLiteral("Two"));
-            field->setValue(2);
-            break;
-        case ftDate:
-            field->setValue(QDate(2024, 5, 6));
-            break;
-        case ftSlider:
+        } else if (type == ftSlider) {
             field->setMin(0);
             field->setMax(10);
-            field->setValue(5);
-            break;
-        case ftFileSelector:
-        case ftFolderSelector:
-            field->setValue(QStringLiteral("/tmp"));
-            break;
-        case ftMemo:
-            field->setValue(QStringLiteral("one\r\ntwo"));
-            break;
         }
+        field->setValue(values[type - 1]);
         return field;
     }
 
-    void addEveryType(const QString &suffix = {})
-    {
-        for (const FieldKind &kind : everyFieldType())
-            addOfType(kind.type, QLatin1String(kind.name) + suffix);
-    }
+    // The type's name in the definition language.
+    static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
 
     // The live editor of the field's row, made for it if it has none yet, as the row gets one
     // when the pointer comes to it.
@@ -156,24 +105,23 @@ public:
         return rows;
     }
 
-    // The parts of a row's live editor that take the focus from a click, in their order.
-    QVector<QWidget *> focusableParts(Field *field) const
+    // A key pressed where the focus is; Up and Down arrive as posted keys.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
     {
-        QWidget *editor = editorOf(field);
-        QVector<QWidget *> parts;
-        if (editor->focusPolicy() != Qt::NoFocus)
-            return { editor };
-        for (QWidget *part : editor->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-            if (part->focusPolicy() & Qt::ClickFocus)
-                parts << part;
-        }
-        return parts;
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
     }
 
-    // The middle of a row's name cell, in the viewport.
-    QPoint nameCellPoint(const Field *field) const
+    // The wheel turned by notches (positive: towards the user) over a point of the view, on
+    // whatever widget lies there.
+    void turnWheel(const QPoint &at, int notches) const
     {
-        return view()->nameCellRect(FieldPrivate::get(field)->m_row).center();
+        QWidget *target = view()->childAt(at) ? view()->childAt(at) : view();
+        const QPoint local = target->mapFrom(view(), at);
+        QWheelEvent wheel(local, target->mapToGlobal(local), QPoint(), QPoint(0, -120 * notches),
+            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(target, &wheel);
     }
 
     QLabel description;
