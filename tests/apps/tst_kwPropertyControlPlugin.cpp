@@ -60,8 +60,9 @@ private slots:
         QApplication::setPalette(m_palette);
     }
 
-    // Without Designer's form editor (QUiLoader's way of using the plugin) the grid it makes
-    // runs; the widget Designer places names the same class.
+    // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget
+    // Designer places names the same class; a tool tip for a property Designer does not list is
+    // never seen.
     void offersARunningGridInItsOwnGroupWithAnIcon()
     {
         QCOMPARE(m_plugin->group(), QStringLiteral("kwFieldDeck"));
@@ -75,11 +76,19 @@ private slots:
         QWidget form;
         auto *grid = qobject_cast<kwPropertyControl *>(m_plugin->createWidget(&form));
         QVERIFY(grid && grid->ambientUserMode());
+        int tips = 0;
+        while (!xml.atEnd()) {
+            if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"tooltip") {
+                const QByteArray name = xml.attributes().value("name").toLatin1();
+                QVERIFY2(metaProperty(name).isDesignable(), name.constData());
+                ++tips;
+            }
+        }
+        QVERIFY(tips > 0);
     }
 
-    // Designer shows the appearance properties, the twip sizes as whole numbers; the twins kept
-    // for code and forms saved before are stored but not shown twice. No object reference is
-    // offered: Designer has no editor for one and warns each time it meets one.
+    // The twins kept for code and older forms are stored but not shown twice. Designer has no
+    // editor for an object reference and warns at each one it meets.
     void designerShowsEachAppearancePropertyOnce()
     {
         const auto shown = [](const char *name, bool designable) {
@@ -87,9 +96,8 @@ private slots:
             return property.isDesignable() == designable && property.isStored()
                 && property.isWritable();
         };
-        for (const char *name : { "backgroundColor", "fieldNameBackgroundColor",
-                 "fieldNameForegroundColor", "RowHeight", "FieldNameWidth", "appearance",
-                 "backStyle", "borderStyle", "scaleMode", "definition" })
+        for (const char *name : { "RowHeight", "FieldNameWidth", "appearance", "backStyle",
+                 "borderStyle", "scaleMode", "definition" })
             QVERIFY2(shown(name, true), name);
         for (const char *name :
             { "Enabled", "Font", "Appearance", "BackStyle", "BorderStyle", "ScaleMode" })
@@ -124,11 +132,9 @@ private slots:
         QCOMPARE(grid->RowHeight(), 330.6f);
     }
 
-    // Each colour shows in Designer once, as a QColor with a reset; its OleColor twin is hidden
-    // there but written by code and by .ui files saved before. The QColor reads as the colour on
-    // screen and as painted (a system colour through the palette), is written as an explicit
-    // OleColor without alpha (an invalid one is the default), and its reset gives back the
-    // system colour, which then follows a changed theme. A form Designer saved keeps each colour.
+    // The QColor reads as painted (a system colour through the palette) and is written as an
+    // OleColor without alpha; an invalid one or its reset gives the system colour back, which
+    // then follows a changed theme.
     void colourShowsOnceInDesignerAsItShowsOnScreen_data()
     {
         QTest::addColumn<QByteArray>("qtName");
@@ -209,22 +215,6 @@ private slots:
         QCOMPARE(ui.defaultsControl->property(oleName), QVariant(systemDefault));
     }
 
-    // Designer shows a property's tool tip from the plugin's description, matched by name: a
-    // tip for a name that its editor does not list is never seen.
-    void everyToolTipNamesAPropertyDesignerLists()
-    {
-        QXmlStreamReader xml(m_plugin->domXml());
-        int tips = 0;
-        while (!xml.atEnd()) {
-            if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"tooltip") {
-                const QByteArray name = xml.attributes().value("name").toLatin1();
-                QVERIFY2(metaProperty(name).isDesignable(), name.constData());
-                ++tips;
-            }
-        }
-        QVERIFY(tips > 0);
-    }
-
     // Designer shows each code by name; the name and the saved number (the property of the
     // capitalised name) are one value, each name standing for its position in the list.
     void codeShowsByNameAndSavesItsNumber_data()
@@ -255,9 +245,7 @@ private slots:
         }
     }
 
-    // A form whose grid has a definition shows its rows with no code, compiled by uic and loaded
-    // at run time through QUiLoader, which finds the grid through the plugin; edits raise Changed.
-    // (What a definition gives a row is tst_DefinitionReader's.)
+    // Compiled by uic, or loaded at run time by QUiLoader through the plugin.
     void formWithADefinitionShowsItsRows()
     {
         const auto showsTheRows = [](kwPropertyControl *grid) {
