@@ -51,8 +51,7 @@ private slots:
         QCOMPARE(messages.messages(), QStringList({ "Open /home/a.kwdef?", "Plain" }));
     }
 
-    // A handler that a host or a test installed before the program's answers in its place, and
-    // is installed again when the program's goes.
+    // And is installed again when the program's handler goes.
     void aHandlerInstalledBeforeAnswersTheBox()
     {
         const test::MessageRecorder before(MsgBoxResult::No);
@@ -71,8 +70,7 @@ private slots:
         QCOMPARE(before.prompts(), QStringList({ "Keep /home?", "After" }));
     }
 
-    // With a display and no other handler, the box is the library's own: its icon, buttons and
-    // title (the program's name when none is given), and the button clicked is the answer.
+    // Its icon, buttons and title (the program's name when none is given); the click answers.
     void withADisplayTheLibrarysBoxIsShown_data()
     {
         QTest::addColumn<int>("style");
@@ -107,8 +105,7 @@ private slots:
         QFETCH(int, answer);
         const MessageBoxHandler before = setMessageBoxHandler({});
         FormMessages messages(false);
-        // Read while the box is open, which is always answered: a wrong box fails the
-        // comparisons below rather than leaving the test waiting.
+        // Always answered, so a wrong box fails below rather than leaving the test waiting.
         QVariantList shown;
         QTimer poll;
         connect(&poll, &QTimer::timeout, [&] {

@@ -23,9 +23,7 @@ private slots:
     }
     void cleanup() { host.reset(); }
 
-    // QWidget::setEnabled(false) greys the whole grid and keeps keys and clicks from its rows;
-    // the stored Enabled flag does neither. A row's own Enabled keeps input from a text row, but
-    // a check box row keeps taking clicks, on its box or beside it.
+    // The stored Enabled flag keeps no input out; a check box row's own Enabled does not either.
     void disabledGridOrRowTakesNoInput_data()
     {
         QTest::addColumn<QString>("how");
@@ -113,8 +111,7 @@ private slots:
         }
     }
 
-    // The definition property shows its own fields: a new text takes out the fields the last one
-    // added and leaves the host's fields alone.
+    // A new text takes out the fields the last one added and leaves the host's fields alone.
     void definitionPropertyReplacesOnlyItsOwnFields_data()
     {
         QTest::addColumn<QString>("second");
@@ -178,9 +175,8 @@ private slots:
         QCOMPARE(field->Value().toString(), QStringLiteral("/tmp"));
     }
 
-    // New rows enter the scroll range only at the next Refresh(true). setFirstRow() moves the
-    // rows in view and leaves the scroll bar. Fields::Clear() keeps the scroll position, so rows
-    // added afterwards do not show from the top; setFirstRow(0) brings the first row back.
+    // New rows enter the scroll range at Refresh(true); setFirstRow() leaves the scroll bar;
+    // Fields::Clear() keeps the scroll position.
     void scrollPositionFollowsTheHostsCalls()
     {
         host->addRows(2);
@@ -241,8 +237,7 @@ private slots:
             QVERIFY(host->scrollBar()->maximum() > 31000);
     }
 
-    // Refresh() without true leaves the rows where they are: a hidden or removed row leaves a
-    // gap, which the pointer passes through, until Refresh(true).
+    // A hidden or removed row leaves a gap, which clicks pass through, until Refresh(true).
     void onlyAFullRefreshClosesAGap_data()
     {
         QTest::addColumn<bool>("remove");
@@ -287,8 +282,7 @@ private slots:
         QCOMPARE(ShownGrid::focusedText(), moves ? "7" : "second");
     }
 
-    // A duplicate name is refused with a message, but its row stays on the grid below the last
-    // row, where the next field's row then covers it.
+    // The refused row stays below the last row, where the next field's row covers it.
     void duplicateNameLeavesItsRow()
     {
         QVERIFY(host->add("Port", ftText, "80"));
@@ -309,8 +303,7 @@ private slots:
         QCOMPARE(host->textAt(1), QStringLiteral("next"));
     }
 
-    // A drop-down raises Changed when its row takes the focus, with no value changed, and when
-    // the host sets the entry already chosen.
+    // Also when the host sets the entry already chosen.
     void dropDownRaisesChangedOnFocus()
     {
         host->add("Name", ftText, "n");
@@ -353,8 +346,7 @@ private slots:
         QCOMPARE(raised, 0);
     }
 
-    // A slider's value is given before its limits, while its range is still 0 to 10, so a
-    // definition's VALUE beyond 10 arrives as 10; a host that sets the limits first keeps it.
+    // While the range is still 0 to 10; a host that sets the limits first keeps its value.
     void sliderValueIsTakenBeforeItsRange_data()
     {
         QTest::addColumn<QString>("how");
