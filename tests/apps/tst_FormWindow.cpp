@@ -65,7 +65,6 @@ private slots:
     void theFirstRowsDescriptionShowsBelowTheGrid_data()
     {
         QTest::addColumn<QString>("definition");
-        QTest::newRow("rows added by code") << QString();
         for (const char *name : { "showcase.kwdef", "connection.kwdef" })
             QTest::newRow(name) << qEnvironmentVariable("KW_EXAMPLES_DIR") + '/' + name;
     }
@@ -75,10 +74,7 @@ private slots:
         QFETCH(QString, definition);
         FormMessages messages(true);
         FormWindow window;
-        if (definition.isEmpty())
-            addRows(window, 3);
-        else
-            QCOMPARE(loadDefinitionFile(*window.grid(), definition, messages), QString());
+        QCOMPARE(loadDefinitionFile(*window.grid(), definition, messages), QString());
         QVERIFY(messages.messages().isEmpty());
         for (Field *field : *window.grid()->Fields())
             QVERIFY2(!field->Description().isEmpty(), qPrintable(field->Name()));
