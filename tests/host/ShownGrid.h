@@ -88,13 +88,6 @@ struct ShownGrid
         return focusedText();
     }
 
-    static void type(const QString &text)
-    {
-        if (QWidget *focus = QApplication::focusWidget())
-            QTest::keyClicks(focus, text);
-        QApplication::processEvents();
-    }
-
     QScrollBar *scrollBar() const { return grid->findChild<QScrollBar *>(); }
 
     // What the field's row shows, as assistive tools read its value cell.

@@ -79,7 +79,7 @@ private slots:
         host->click(host->editorPoint(0));
         QTest::keyClick(
             QApplication::focusWidget() ? QApplication::focusWidget() : host->grid, Qt::Key_End);
-        ShownGrid::type("x");
+        QTest::keyClicks(QApplication::focusWidget(), "x");
         host->click(host->editorPoint(1));
         QCOMPARE(text->Value().toString(), textTakes ? "abcx" : "abc");
         QCOMPARE(changed.size(), int(textTakes) + int(checkTakes));
@@ -183,7 +183,7 @@ private slots:
         host->click(host->editorPoint(0));
         QVERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
-        ShownGrid::type("/typed");
+        QTest::keyClicks(QApplication::focusWidget(), "/typed");
         QCOMPARE(ShownGrid::focusedText(), QStringLiteral("/tmp/typed"));
         QCOMPARE(field->Value().toString(), QStringLiteral("/tmp"));
     }
