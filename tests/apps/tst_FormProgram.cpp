@@ -69,8 +69,6 @@ private slots:
             examples + "/..");
         row("showcase from the root folder", { examples + "/showcase.kwdef" }, "\nColour=4\n",
             QDir::rootPath());
-        row("showcase from its own folder", { examples + "/showcase.kwdef" }, "\nColour=4\n",
-            examples);
     }
 
     void printsTheValuesAndExitsZero()
