@@ -299,28 +299,19 @@ private slots:
         QTest::addColumn<QString>("reply");
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("name");
-        const int file = ftFileSelector;
-        const int folder = ftFolderSelector;
-        QTest::newRow("missing file, chosen")
-            << file << m_dir.filePath("gone.txt") << m_file << "/srv"
-            << "gone.txt";
-        QTest::newRow("existing file, cancelled")
-            << file << m_file << "" << m_dir.path() << "notes.txt";
-        QTest::newRow("no file, chosen") << file << "" << m_file << "/srv"
-                                         << "";
-        QTest::newRow("long missing file path, cancelled") << file << m_deep + "/report.txt"
-                                                           << ""
-                                                           << "/srv"
-                                                           << "report.txt";
-        QTest::newRow("existing folder, chosen")
-            << folder << m_dir.path() << m_deep << m_dir.path() << "";
-        QTest::newRow("missing folder, cancelled") << folder << "/no/such/folder"
-                                                   << ""
-                                                   << "/srv"
-                                                   << "";
-        QTest::newRow("long folder shown shortened") << folder << m_deep << ""
-                                                     << "/srv"
-                                                     << "";
+        auto row = [](const char *name, lFieldTypes type, const QString &value,
+                       const QString &reply, const QString &folder, const char *fileName = "") {
+            QTest::newRow(name) << int(type) << value << reply << folder << QString(fileName);
+        };
+        const lFieldTypes file = ftFileSelector, folder = ftFolderSelector;
+        row("missing file, chosen", file, m_dir.filePath("gone.txt"), m_file, "/srv", "gone.txt");
+        row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
+        row("no file, chosen", file, "", m_file, "/srv");
+        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
+            "report.txt");
+        row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path());
+        row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv");
+        row("long folder shown shortened", folder, m_deep, "", "/srv");
     }
     void theBrowseButtonAsksFromTheRow()
     {
