@@ -251,6 +251,46 @@ private slots:
         QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(), expected);
     }
 
+    // Writing a chooser's property keeps the value written and selects only an entry equal to
+    // it; else the selection stays as it was.
+    void chooserSelectsOnlyAnEqualEntry_data()
+    {
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QVariant>("first");
+        QTest::addColumn<QVariant>("then");
+        QTest::addColumn<QString>("selected");
+        const QStringList families = QFontDatabase::families();
+        const QString a = families.value(0), b = families.value(1);
+        auto row = [](const char *name, const char *property, const QVariant &first,
+                       const QVariant &then, const QString &selected) {
+            QTest::newRow(name) << QByteArray(property) << first << then << selected;
+        };
+        row("listed font", "Font_Name", a, b, b);
+        row("font in another letter case", "Font_Name", a,
+            b.toLower() != b ? b.toLower() : b.toUpper(), a);
+        row("unknown font", "Font_Name", a, "No Such Face", a);
+        row("listed size", "Font_Size", 12.0f, 14.0f, "14");
+        row("size not listed", "Font_Size", 12.0f, 13.0f, "12");
+    }
+    void chooserSelectsOnlyAnEqualEntry()
+    {
+        QFETCH(QByteArray, property);
+        QFETCH(QVariant, first);
+        QFETCH(QVariant, then);
+        QFETCH(QString, selected);
+        frmChooseFont chooser;
+        QVERIFY(chooser.setProperty(property, first));
+        QVERIFY(chooser.setProperty(property, then));
+        QCOMPARE(chooser.property(property), then);
+        QStringList shown { chooser.cboSize->currentText() };
+        if (property == "Font_Name") {
+            shown.clear();
+            for (const QListWidgetItem *item : chooser.lstFonts->selectedItems())
+                shown << item->text();
+        }
+        QCOMPARE(shown, QStringList { selected });
+    }
+
 private:
     QTemporaryDir m_dir;
     const QString m_file = m_dir.filePath(QStringLiteral("dropped.txt"));
