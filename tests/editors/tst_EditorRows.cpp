@@ -43,14 +43,6 @@ QWidget *clickPart(UserGrid &user, Field *field, const char *name)
     return clickAt(user, paintedPoint(user, field, name), name);
 }
 
-// A key pressed where the focus is; Up and Down arrive as posted keys.
-void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-{
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
-}
-
 QString focusedPart()
 {
     return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
@@ -113,7 +105,7 @@ private slots:
         QCOMPARE(changed.count(), 1);
         QTRY_COMPARE(focusedPart(), QStringLiteral("Check1"));
         QCOMPARE(user.focusedField(), check);
-        press(Qt::Key_Space);
+        user.press(Qt::Key_Space);
         QCOMPARE(check->Value().toInt(), 1 - after);
         QCOMPARE(changed.count(), 2);
         QVERIFY(clickAt(user, point, "Check1"));
@@ -238,15 +230,15 @@ private slots:
                     + user.highlighted().value(0)->Name();
         });
         before->SetFocus();
-        press(Qt::Key_Tab);
+        user.press(Qt::Key_Tab);
         QCOMPARE(user.focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
         QCOMPARE(user.highlighted(), QVector<Field *> { colour });
-        press(Qt::Key_F4);
+        user.press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
         user.closePopup();
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
-        press(Qt::Key_Down);
+        user.press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
         QCOMPARE(test::GridHost::state(colour).listIndex, 1);
     }
@@ -280,7 +272,7 @@ private slots:
         QTRY_COMPARE(focusedPart(), part);
         // The click itself changed the box; the keys change nothing more.
         const QVariant clicked = target->Value();
-        press(down ? Qt::Key_Down : Qt::Key_Up);
+        user.press(down ? Qt::Key_Down : Qt::Key_Up);
         QCOMPARE(user.focusedField(), down ? after : before);
         QCOMPARE(target->Value(), clicked);
         QCOMPARE(user.dialogs, 0);
@@ -422,9 +414,9 @@ private slots:
         } else {
             memo->SetFocus();
             QCOMPARE(user.focusedField(), memo);
-            press(Qt::Key_F4, Qt::ShiftModifier);
+            user.press(Qt::Key_F4, Qt::ShiftModifier);
             QCOMPARE(window.shown, 0);
-            press(Qt::Key_F4);
+            user.press(Qt::Key_F4);
         }
         QCOMPARE(window.shown, 1);
         QCOMPARE(captions, QStringList { "Field: Remarks" });
