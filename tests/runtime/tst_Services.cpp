@@ -94,13 +94,12 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-enum Operation { PieceOf, PositionIn, LinesOf };
+enum Operation { PieceOf, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
 
-void textRow(const char *name, int operation, const char *text, const char *argument, int n,
-    const char *expected)
+void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
+    const QString &expected)
 {
-    QTest::newRow(name) << operation << QString::fromUtf8(text) << QString::fromUtf8(argument) << n
-                        << QString::fromUtf8(expected);
+    QTest::newRow(name) << operation << text << argument << n << expected;
 }
 
 const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
@@ -398,78 +397,10 @@ private slots:
         QFile::remove(path);
     }
 
-    void pathIsResolvedWithoutRegardToCase_data()
-    {
-        QTest::addColumn<QString>("written"); // both below the test's folder
-        QTest::addColumn<QString>("expected");
-        auto row = [](const char *name, const char *written, const char *expected) {
-            QTest::newRow(name) << written << expected;
-        };
-        const char *db = "/Data/Combo Lists/Colours.DB";
-        row("as written", db, db);
-        row("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
-        row("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
-        row("folder, trailing separator", "\\DATA\\", "/Data/");
-        row("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
-        row("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
-            "/Data/NoSuch/README.TXT");
-        // Of names that differ only in case, the one written exactly is taken first.
-        row("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
-        row("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
-        row("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
-    }
-
-    void pathIsResolvedWithoutRegardToCase()
-    {
-        QFETCH(QString, written);
-        QFETCH(QString, expected);
-        QCOMPARE(FileSystem::resolvePath(m_dir.path() + written), m_dir.path() + expected);
-    }
-
-    void filterTextBecomesQtNameFilters_data()
-    {
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QStringList>("expected");
-        QTest::newRow("all files")
-            << "All Files (*.*)|*.*" << QStringList { "All Files (*.*) (*)" };
-        QTest::newRow("two pairs")
-            << "Text Files (*.txt)|*.txt|All Files (*.*)|*.*"
-            << QStringList { "Text Files (*.txt) (*.[tT][xX][tT])", "All Files (*.*) (*)" };
-        QTest::newRow("several patterns")
-            << "Images|*.png;*.JPG" << QStringList { "Images (*.[pP][nN][gG] *.[jJ][pP][gG])" };
-        QTest::newRow("description without pattern is left out")
-            << "Data (*.db)|*.db|Dangling" << QStringList { "Data (*.db) (*.[dD][bB])" };
-    }
-
-    void filterTextBecomesQtNameFilters()
-    {
-        QFETCH(QString, filter);
-        QFETCH(QStringList, expected);
-        QCOMPARE(Dialogs::nameFilters(filter), expected);
-    }
-
-    void missingStartFolderFallsBackToHome_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("expected");
-        const QString data = m_dir.filePath(QStringLiteral("Data"));
-        QTest::newRow("other case and backslashes") << m_dir.path() + "\\DATA\\" << data;
-        QTest::newRow("drive of another system") << QStringLiteral("C:\\") << QDir::homePath();
-        QTest::newRow("missing") << m_dir.filePath(QStringLiteral("gone")) << QDir::homePath();
-        QTest::newRow("empty") << QString() << QDir::homePath();
-    }
-
-    void missingStartFolderFallsBackToHome()
-    {
-        QFETCH(QString, folder);
-        QFETCH(QString, expected);
-        QCOMPARE(Dialogs::startFolder(folder), expected);
-    }
-
-    void textOperationGivesItsResult_data()
+    void textOrPathOperationGivesItsResult_data()
     {
         QTest::addColumn<int>("operation");
-        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("text"); // or path, or filter text
         QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
         QTest::addColumn<int>("n");
         QTest::addColumn<QString>("expected");
@@ -490,21 +421,54 @@ private slots:
         textRow("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
         textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
         textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
+        // Paths below the test's folder, resolved without regard to letter case.
+        auto resolved = [&](const char *name, const char *written, const char *expected) {
+            textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
+        };
+        const char *db = "/Data/Combo Lists/Colours.DB";
+        resolved("as written", db, db);
+        resolved("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
+        resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
+        resolved("folder, trailing separator", "\\DATA\\", "/Data/");
+        resolved("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
+        resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
+        // Of names that differ only in case, the one written exactly is taken first.
+        resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
+        resolved("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
+        resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
+        // Qt's name filters, one a line.
+        textRow("all files", NameFilters, "All Files (*.*)|*.*", "", 0, "All Files (*.*) (*)");
+        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
+            "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
+        textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
+            "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
+        textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
+            "", 0, "Data (*.db) (*.[dD][bB])");
+        // A dialog's start folder, home when it is missing.
+        textRow("start folder in other case and backslashes", StartFolder,
+            m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
+        textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
+            QDir::homePath());
+        textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
+            QDir::homePath());
+        textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
     }
 
-    void textOperationGivesItsResult()
+    void textOrPathOperationGivesItsResult()
     {
         QFETCH(int, operation);
         QFETCH(QString, text);
         QFETCH(QString, argument);
         QFETCH(int, n);
         QFETCH(QString, expected);
-        if (operation == PieceOf)
-            QCOMPARE(Piece(text, argument, n), expected);
-        else if (operation == PositionIn)
-            QCOMPARE(QString::number(ListPosition(text, argument)), expected);
-        else
-            QCOMPARE(QString::number(LineCount(text)), expected);
+        const std::function<QString()> results[] = { [&] { return Piece(text, argument, n); },
+            [&] { return QString::number(ListPosition(text, argument)); },
+            [&] { return QString::number(LineCount(text)); },
+            [&] { return FileSystem::resolvePath(text); },
+            [&] { return Dialogs::nameFilters(text).join(QLatin1Char('\n')); },
+            [&] { return Dialogs::startFolder(text); } };
+        QCOMPARE(results[operation](), expected);
     }
 
     void stepChangesTheCounterOrOverflowsKeepingIt_data()
