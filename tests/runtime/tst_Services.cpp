@@ -41,14 +41,20 @@ int raisedError(const std::function<void()> &call)
 }
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
+enum OnText { PieceOf = Text + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
 
-QVariant convert(int conversion, const QVariant &v)
+QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
-    const std::function<QVariant()> conversions[]
-        = { [&] { return leadingNumber(v.toString()); }, [&] { return int(toInt16(v)); },
-              [&] { return toInt32(v); }, [&] { return toDouble(v); }, [&] { return toBool(v); },
-              [&] { return isDate(v); }, [&] { return toDate(v); }, [&] { return textOf(v); } };
-    return conversions[conversion]();
+    const QString s = v.toString();
+    const std::function<QVariant()> operations[] = { [&] { return leadingNumber(s); },
+        [&] { return int(toInt16(v)); }, [&] { return toInt32(v); }, [&] { return toDouble(v); },
+        [&] { return toBool(v); }, [&] { return isDate(v); }, [&] { return toDate(v); },
+        [&] { return textOf(v); }, [&] { return Piece(s, argument, n); },
+        [&] { return QString::number(ListPosition(s, argument)); },
+        [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
+        [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
+        [&] { return Dialogs::startFolder(s); } };
+    return operations[operation]();
 }
 
 QVariant text(const char *utf8)
@@ -94,12 +100,10 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-enum Operation { PieceOf, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
-
 void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
     const QString &expected)
 {
-    QTest::newRow(name) << operation << text << argument << n << expected;
+    QTest::newRow(name) << operation << QVariant(text) << argument << n << QVariant(expected) << 0;
 }
 
 const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
@@ -131,15 +135,17 @@ private slots:
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_config->path()));
     }
 
-    void conversionGivesTheValueOrRaises_data()
+    void operationGivesTheValueOrRaises_data()
     {
-        QTest::addColumn<int>("conversion");
-        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<int>("operation");
+        QTest::addColumn<QVariant>("value"); // or text, or path, or filter text
+        QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
+        QTest::addColumn<int>("n");
         QTest::addColumn<QVariant>("expected"); // ignored when an error is expected
         QTest::addColumn<int>("error");
-        auto row = [](const char *name, int conversion, const QVariant &value,
+        auto row = [](const char *name, int operation, const QVariant &value,
                        const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << conversion << value << expected << error;
+            QTest::newRow(name) << operation << value << QString() << 0 << expected << error;
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
@@ -169,16 +175,67 @@ private slots:
         row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
         row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
             text("2024-03-01 14:05:09"));
+        const char *types
+            = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
+        textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
+        textRow("fewer parts", PieceOf, "a=b=c", "=", 4, "");
+        textRow("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
+        textRow("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
+        textRow("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
+        textRow("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
+        textRow("list position", PositionIn, types, "DATE", 0, "5");
+        textRow("part of an item", PositionIn, types, "FILE", 0, "0");
+        textRow("letter case counts", PositionIn, types, "Memo", 0, "0");
+        textRow("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
+        textRow("no text is one line", LinesOf, "", "", 0, "1");
+        textRow("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
+        textRow("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
+        textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
+        textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
+        // Paths below the test's folder, resolved without regard to letter case.
+        auto resolved = [&](const char *name, const char *written, const char *expected) {
+            textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
+        };
+        const char *db = "/Data/Combo Lists/Colours.DB";
+        resolved("as written", db, db);
+        resolved("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
+        resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
+        resolved("folder, trailing separator", "\\DATA\\", "/Data/");
+        resolved("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
+        resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
+        // Of names that differ only in case, the one written exactly is taken first.
+        resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
+        resolved("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
+        resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
+        // Qt's name filters, one a line.
+        textRow("all files", NameFilters, "All Files (*.*)|*.*", "", 0, "All Files (*.*) (*)");
+        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
+            "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
+        textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
+            "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
+        textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
+            "", 0, "Data (*.db) (*.[dD][bB])");
+        // A dialog's start folder, home when it is missing.
+        textRow("start folder in other case and backslashes", StartFolder,
+            m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
+        textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
+            QDir::homePath());
+        textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
+            QDir::homePath());
+        textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
     }
 
-    void conversionGivesTheValueOrRaises()
+    void operationGivesTheValueOrRaises()
     {
-        QFETCH(int, conversion);
+        QFETCH(int, operation);
         QFETCH(QVariant, value);
+        QFETCH(QString, argument);
+        QFETCH(int, n);
         QFETCH(QVariant, expected);
         QFETCH(int, error);
         QVariant result;
-        QCOMPARE(raisedError([&] { result = convert(conversion, value); }), error);
+        QCOMPARE(raisedError([&] { result = apply(operation, value, argument, n); }), error);
         if (!error)
             QCOMPARE(result, expected);
     }
@@ -395,80 +452,6 @@ private slots:
         QVERIFY(bytes.isNull() || !test::writeFile(path, bytes).isEmpty());
         QCOMPARE(raisedError([&] { OpenDatabase(path); }), error);
         QFile::remove(path);
-    }
-
-    void textOrPathOperationGivesItsResult_data()
-    {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<QString>("text"); // or path, or filter text
-        QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QString>("expected");
-        const char *types
-            = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
-        textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
-        textRow("fewer parts", PieceOf, "a=b=c", "=", 4, "");
-        textRow("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
-        textRow("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
-        textRow("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
-        textRow("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
-        textRow("list position", PositionIn, types, "DATE", 0, "5");
-        textRow("part of an item", PositionIn, types, "FILE", 0, "0");
-        textRow("letter case counts", PositionIn, types, "Memo", 0, "0");
-        textRow("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
-        textRow("no text is one line", LinesOf, "", "", 0, "1");
-        textRow("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
-        textRow("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
-        textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
-        textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
-        // Paths below the test's folder, resolved without regard to letter case.
-        auto resolved = [&](const char *name, const char *written, const char *expected) {
-            textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
-        };
-        const char *db = "/Data/Combo Lists/Colours.DB";
-        resolved("as written", db, db);
-        resolved("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
-        resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
-        resolved("folder, trailing separator", "\\DATA\\", "/Data/");
-        resolved("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
-        resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
-            "/Data/NoSuch/README.TXT");
-        // Of names that differ only in case, the one written exactly is taken first.
-        resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
-        resolved("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
-        resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
-        // Qt's name filters, one a line.
-        textRow("all files", NameFilters, "All Files (*.*)|*.*", "", 0, "All Files (*.*) (*)");
-        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
-            "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
-        textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
-            "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
-        textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
-            "", 0, "Data (*.db) (*.[dD][bB])");
-        // A dialog's start folder, home when it is missing.
-        textRow("start folder in other case and backslashes", StartFolder,
-            m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
-        textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
-            QDir::homePath());
-        textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
-            QDir::homePath());
-        textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
-    }
-
-    void textOrPathOperationGivesItsResult()
-    {
-        QFETCH(int, operation);
-        QFETCH(QString, text);
-        QFETCH(QString, argument);
-        QFETCH(int, n);
-        QFETCH(QString, expected);
-        const std::function<QString()> results[] = { [&] { return Piece(text, argument, n); },
-            [&] { return QString::number(ListPosition(text, argument)); },
-            [&] { return QString::number(LineCount(text)); },
-            [&] { return FileSystem::resolvePath(text); },
-            [&] { return Dialogs::nameFilters(text).join(QLatin1Char('\n')); },
-            [&] { return Dialogs::startFolder(text); } };
-        QCOMPARE(results[operation](), expected);
     }
 
     void stepChangesTheCounterOrOverflowsKeepingIt_data()
