@@ -70,8 +70,7 @@ class tst_EditorRows : public QObject
 private slots:
     void initTestCase() { QVERIFY(QDir().mkpath(m_deep)); }
 
-    // A click on the box or beside it toggles it once, idle or live, and leaves the focus in the
-    // box for Space. A grayed box becomes checked, never unchecked: intended.
+    // A grayed box becomes checked, never unchecked: intended.
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt_data()
     {
         QTest::addColumn<bool>("onTheBox");
@@ -113,9 +112,7 @@ private slots:
         QCOMPARE(changed.count(), 3);
     }
 
-    // A slider keeps its value in its range, written by the host or typed in its number box. "+"
-    // and "-" step within the range and are swallowed, so a sign can never be typed. Only Min
-    // keeps the pair in order; Max is taken as given. A value that a new range moves is reported.
+    // Min keeps the pair in order, Max is taken as given; "+" and "-" step and are never typed.
     void theSliderKeepsItsValueInItsRange_data()
     {
         QTest::addColumn<QStringList>("writes");
@@ -215,8 +212,7 @@ private slots:
         QCOMPARE(box->currentIndex(), index);
     }
 
-    // Entering the box reports a change before the row takes the focus: intended. The focus
-    // coming back from the closed list reports nothing; a pick reports the new value.
+    // Entering the box reports a change before the row takes the focus: intended.
     void enteringTheBoxReportsAChangeBeforeTheRowIsFocused()
     {
         UserGrid user;
@@ -243,8 +239,7 @@ private slots:
         QCOMPARE(test::GridHost::state(colour).listIndex, 1);
     }
 
-    // Up and Down in a box that has no use of its own for them move to the row above or below;
-    // Down in a slider's number box passes over the slider.
+    // Keys a box has no use for move to the next row; Down passes over a slider's own slider.
     void upAndDownLeaveTheRow_data()
     {
         QTest::addColumn<int>("type");
@@ -280,10 +275,8 @@ private slots:
             QCOMPARE(clicked, value);
     }
 
-    // The file dialog opens in the file's folder only when the file exists, else in InitDir. The
-    // folder dialog starts from the shown text, not the value: a folder shown shortened with
-    // "..." names no folder, so it starts in InitDir (intended). A cancel changes and reports
-    // nothing. Each click on the button opens one dialog; its focus coming back opens none.
+    // A folder shown shortened with "..." names no folder, so its dialog starts in InitDir:
+    // intended.
     void theBrowseButtonAsksFromTheRow_data()
     {
         QTest::addColumn<int>("type");
@@ -359,10 +352,8 @@ private slots:
         QCOMPARE(files.size() + folders.size(), 2);
     }
 
-    // The memo window has no cancel: Escape keeps the edited text, and the row reports it. Line
-    // breaks other than CR LF come back as they were when the window closes unedited, and the
-    // close still reports a change, as after every visit (intended). F4 opens the window, and
-    // Shift+F4 does not; Title captions nothing, the window is named after the field (intended).
+    // The memo window has no cancel; its close reports a change even when unedited, and Title
+    // captions nothing, the window is named after the field: both intended.
     void theMemoWindowGivesTheRowItsText_data()
     {
         QTest::addColumn<QString>("value");

@@ -268,9 +268,7 @@ private slots:
     {
         QTest::addColumn<quint32>("value");
         QTest::addColumn<QColor>("colour");
-        QTest::newRow("red") << 0x000000FFu << QColor(255, 0, 0);
-        QTest::newRow("blue") << 0x00FF0000u << QColor(0, 0, 255);
-        QTest::newRow("mixed") << 0x00123456u << QColor(0x56, 0x34, 0x12);
+        QTest::newRow("three bytes, red lowest") << 0x00123456u << QColor(0x56, 0x34, 0x12);
         QTest::newRow("button face") << SystemColor::ButtonFace << roleColour(QPalette::Button);
         QTest::newRow("window background")
             << SystemColor::WindowBackground << roleColour(QPalette::Base);
