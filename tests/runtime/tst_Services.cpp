@@ -9,7 +9,6 @@
 #include "runtime/FileSystem.h"
 #include "runtime/Files.h"
 #include "runtime/FitPath.h"
-#include "runtime/FolderConditions.h"
 #include "runtime/Numbers.h"
 #include "runtime/SettingsStore.h"
 #include "runtime/Text.h"
@@ -24,6 +23,9 @@
 
 #include <limits>
 #include <stdexcept>
+
+#include <sched.h>
+#include <sys/mount.h>
 
 using namespace kwFieldDeck;
 using test::readFile;
@@ -105,6 +107,53 @@ void textRow(const char *name, int operation, const QString &text, const QString
 {
     QTest::newRow(name) << operation << QVariant(text) << argument << n << QVariant(expected) << 0;
 }
+
+// A folder that cannot be written, also for root, who ignores file modes: where modes do not stop
+// this process, the folder is bind-mounted read-only in a mount namespace private to the test's
+// thread (needs CAP_SYS_ADMIN). It undoes itself when destroyed.
+class ReadOnlyFolder
+{
+public:
+    explicit ReadOnlyFolder(const QString &folder)
+        : m_folder(QDir(folder).absolutePath())
+        , m_permissions(QFile::permissions(m_folder))
+    {
+        QFile::setPermissions(m_folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        const QByteArray path = QFile::encodeName(m_folder);
+        if (!isEffective() && privateMountNamespace()
+            && mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) == 0) {
+            m_mounted = true;
+            mount(nullptr, path.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
+        }
+    }
+    ~ReadOnlyFolder()
+    {
+        if (m_mounted)
+            umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
+        QFile::setPermissions(m_folder, m_permissions);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder &) = delete;
+    ReadOnlyFolder &operator=(const ReadOnlyFolder &) = delete;
+
+    // False when neither way could stop this process from writing there.
+    bool isEffective() const
+    {
+        QTemporaryFile probe(m_folder + QStringLiteral("/probe-XXXXXX"));
+        return !probe.open();
+    }
+
+private:
+    static bool privateMountNamespace()
+    {
+        static const bool done = unshare(CLONE_NEWNS) == 0
+            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        return done;
+    }
+
+    QString m_folder;
+    QFileDevice::Permissions m_permissions;
+    bool m_mounted = false;
+};
 
 const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
 } // namespace
@@ -372,7 +421,7 @@ private slots:
         SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
         const QByteArray before = readFile(path);
         {
-            test::ReadOnlyFolder readOnly(QFileInfo(path).absolutePath());
+            ReadOnlyFolder readOnly(QFileInfo(path).absolutePath());
             if (!readOnly.isEffective())
                 QSKIP("This process can write to any folder and cannot mount one read-only");
             for (const char *key : { "K", "Added" })
