@@ -43,14 +43,6 @@ QWidget *clickPart(UserGrid &user, Field *field, const char *name)
     return clickAt(user, paintedPoint(user, field, name), name);
 }
 
-// A key pressed where the focus is; Up and Down arrive as posted keys.
-void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-{
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
-}
-
 QString focusedPart()
 {
     return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
@@ -78,8 +70,7 @@ class tst_EditorRows : public QObject
 private slots:
     void initTestCase() { QVERIFY(QDir().mkpath(m_deep)); }
 
-    // A click on the box or beside it toggles it once, idle or live, and leaves the focus in the
-    // box for Space. A grayed box becomes checked, never unchecked: intended.
+    // A grayed box becomes checked, never unchecked: intended.
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt_data()
     {
         QTest::addColumn<bool>("onTheBox");
@@ -113,7 +104,7 @@ private slots:
         QCOMPARE(changed.count(), 1);
         QTRY_COMPARE(focusedPart(), QStringLiteral("Check1"));
         QCOMPARE(user.focusedField(), check);
-        press(Qt::Key_Space);
+        user.press(Qt::Key_Space);
         QCOMPARE(check->Value().toInt(), 1 - after);
         QCOMPARE(changed.count(), 2);
         QVERIFY(clickAt(user, point, "Check1"));
@@ -121,9 +112,7 @@ private slots:
         QCOMPARE(changed.count(), 3);
     }
 
-    // A slider keeps its value in its range, written by the host or typed in its number box. "+"
-    // and "-" step within the range and are swallowed, so a sign can never be typed. Only Min
-    // keeps the pair in order; Max is taken as given. A value that a new range moves is reported.
+    // Min keeps the pair in order, Max is taken as given; "+" and "-" step and are never typed.
     void theSliderKeepsItsValueInItsRange_data()
     {
         QTest::addColumn<QStringList>("writes");
@@ -223,8 +212,7 @@ private slots:
         QCOMPARE(box->currentIndex(), index);
     }
 
-    // Entering the box reports a change before the row takes the focus: intended. The focus
-    // coming back from the closed list reports nothing; a pick reports the new value.
+    // Entering the box reports a change before the row takes the focus: intended.
     void enteringTheBoxReportsAChangeBeforeTheRowIsFocused()
     {
         UserGrid user;
@@ -238,21 +226,20 @@ private slots:
                     + user.highlighted().value(0)->Name();
         });
         before->SetFocus();
-        press(Qt::Key_Tab);
+        user.press(Qt::Key_Tab);
         QCOMPARE(user.focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
         QCOMPARE(user.highlighted(), QVector<Field *> { colour });
-        press(Qt::Key_F4);
+        user.press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
         user.closePopup();
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
-        press(Qt::Key_Down);
+        user.press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
         QCOMPARE(test::GridHost::state(colour).listIndex, 1);
     }
 
-    // Up and Down in a box that has no use of its own for them move to the row above or below;
-    // Down in a slider's number box passes over the slider.
+    // Keys a box has no use for move to the next row; Down passes over a slider's own slider.
     void upAndDownLeaveTheRow_data()
     {
         QTest::addColumn<int>("type");
@@ -280,7 +267,7 @@ private slots:
         QTRY_COMPARE(focusedPart(), part);
         // The click itself changed the box; the keys change nothing more.
         const QVariant clicked = target->Value();
-        press(down ? Qt::Key_Down : Qt::Key_Up);
+        user.press(down ? Qt::Key_Down : Qt::Key_Up);
         QCOMPARE(user.focusedField(), down ? after : before);
         QCOMPARE(target->Value(), clicked);
         QCOMPARE(user.dialogs, 0);
@@ -288,10 +275,8 @@ private slots:
             QCOMPARE(clicked, value);
     }
 
-    // The file dialog opens in the file's folder only when the file exists, else in InitDir. The
-    // folder dialog starts from the shown text, not the value: a folder shown shortened with
-    // "..." names no folder, so it starts in InitDir (intended). A cancel changes and reports
-    // nothing. Each click on the button opens one dialog; its focus coming back opens none.
+    // A folder shown shortened with "..." names no folder, so its dialog starts in InitDir:
+    // intended.
     void theBrowseButtonAsksFromTheRow_data()
     {
         QTest::addColumn<int>("type");
@@ -299,28 +284,19 @@ private slots:
         QTest::addColumn<QString>("reply");
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("name");
-        const int file = ftFileSelector;
-        const int folder = ftFolderSelector;
-        QTest::newRow("missing file, chosen")
-            << file << m_dir.filePath("gone.txt") << m_file << "/srv"
-            << "gone.txt";
-        QTest::newRow("existing file, cancelled")
-            << file << m_file << "" << m_dir.path() << "notes.txt";
-        QTest::newRow("no file, chosen") << file << "" << m_file << "/srv"
-                                         << "";
-        QTest::newRow("long missing file path, cancelled") << file << m_deep + "/report.txt"
-                                                           << ""
-                                                           << "/srv"
-                                                           << "report.txt";
-        QTest::newRow("existing folder, chosen")
-            << folder << m_dir.path() << m_deep << m_dir.path() << "";
-        QTest::newRow("missing folder, cancelled") << folder << "/no/such/folder"
-                                                   << ""
-                                                   << "/srv"
-                                                   << "";
-        QTest::newRow("long folder shown shortened") << folder << m_deep << ""
-                                                     << "/srv"
-                                                     << "";
+        auto row = [](const char *name, lFieldTypes type, const QString &value,
+                       const QString &reply, const QString &folder, const char *fileName = "") {
+            QTest::newRow(name) << int(type) << value << reply << folder << QString(fileName);
+        };
+        const lFieldTypes file = ftFileSelector, folder = ftFolderSelector;
+        row("missing file, chosen", file, m_dir.filePath("gone.txt"), m_file, "/srv", "gone.txt");
+        row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
+        row("no file, chosen", file, "", m_file, "/srv");
+        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
+            "report.txt");
+        row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path());
+        row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv");
+        row("long folder shown shortened", folder, m_deep, "", "/srv");
     }
     void theBrowseButtonAsksFromTheRow()
     {
@@ -376,10 +352,8 @@ private slots:
         QCOMPARE(files.size() + folders.size(), 2);
     }
 
-    // The memo window has no cancel: Escape keeps the edited text, and the row reports it. Line
-    // breaks other than CR LF come back as they were when the window closes unedited, and the
-    // close still reports a change, as after every visit (intended). F4 opens the window, and
-    // Shift+F4 does not; Title captions nothing, the window is named after the field (intended).
+    // The memo window has no cancel; its close reports a change even when unedited, and Title
+    // captions nothing, the window is named after the field: both intended.
     void theMemoWindowGivesTheRowItsText_data()
     {
         QTest::addColumn<QString>("value");
@@ -431,9 +405,9 @@ private slots:
         } else {
             memo->SetFocus();
             QCOMPARE(user.focusedField(), memo);
-            press(Qt::Key_F4, Qt::ShiftModifier);
+            user.press(Qt::Key_F4, Qt::ShiftModifier);
             QCOMPARE(window.shown, 0);
-            press(Qt::Key_F4);
+            user.press(Qt::Key_F4);
         }
         QCOMPARE(window.shown, 1);
         QCOMPARE(captions, QStringList { "Field: Remarks" });

@@ -18,11 +18,6 @@ QString fontOf(const frmMemo &memo)
     return font.family() + QLatin1Char('|') + QString::number(font.pointSizeF());
 }
 
-QString stored(const char *key)
-{
-    return SettingsStore::GetSetting(QCoreApplication::applicationName(), "Settings", key);
-}
-
 void store(const char *key, const QString &value)
 {
     SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
@@ -44,9 +39,7 @@ class tst_frmMemo : public QObject
 private slots:
     void init() { QFile::remove(SettingsStore::filePath(QCoreApplication::applicationName())); }
 
-    // The status bar follows the caret by itself. Text read back unedited keeps its breaks (also
-    // through a memo row, tst_EditorRows); once edited, every break is CR LF. Tab types a tab
-    // character, and Shift+Tab right after takes it out again; the focus stays in the text.
+    // Unedited text keeps its breaks (also through a memo row, tst_EditorRows); edited, CR LF.
     void statusBarAndValueFollowTheKeys_data()
     {
         QTest::addColumn<QString>("text");
@@ -163,10 +156,7 @@ private slots:
         QCOMPARE(memo.Value(), expected);
     }
 
-    // The font chooser's answer is what this window, the next one and a new process use; the
-    // chooser shows a pick in its sample, and its close button cancels. A user who lets the font
-    // list take the focus and changes only the size keeps the memo's font name, also when the
-    // stored name matches no listed font exactly.
+    // A user who only changes the size keeps the memo's font name, even one not listed exactly.
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess_data()
     {
         QTest::addColumn<QString>("storedName");
@@ -242,13 +232,51 @@ private slots:
         QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
         QVERIFY(!memo.isVisible());
         QCOMPARE(memo.Value(), QStringLiteral("kept"));
-        QCOMPARE(stored("FontName"), expected.section(QLatin1Char('|'), 0, 0));
         frmMemo next;
         QCOMPARE(fontOf(next), expected);
         QProcess child;
         child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--print-font") });
         QVERIFY(child.waitForFinished(30000));
         QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(), expected);
+    }
+
+    // An entry is selected only when equal to the value written; else the selection stays.
+    void chooserSelectsOnlyAnEqualEntry_data()
+    {
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QVariant>("first");
+        QTest::addColumn<QVariant>("then");
+        QTest::addColumn<QString>("selected");
+        const QStringList families = QFontDatabase::families();
+        const QString a = families.value(0), b = families.value(1);
+        auto row = [](const char *name, const char *property, const QVariant &first,
+                       const QVariant &then, const QString &selected) {
+            QTest::newRow(name) << QByteArray(property) << first << then << selected;
+        };
+        row("listed font", "Font_Name", a, b, b);
+        row("font in another letter case", "Font_Name", a,
+            b.toLower() != b ? b.toLower() : b.toUpper(), a);
+        row("unknown font", "Font_Name", a, "No Such Face", a);
+        row("listed size", "Font_Size", 12.0f, 14.0f, "14");
+        row("size not listed", "Font_Size", 12.0f, 13.0f, "12");
+    }
+    void chooserSelectsOnlyAnEqualEntry()
+    {
+        QFETCH(QByteArray, property);
+        QFETCH(QVariant, first);
+        QFETCH(QVariant, then);
+        QFETCH(QString, selected);
+        frmChooseFont chooser;
+        QVERIFY(chooser.setProperty(property, first));
+        QVERIFY(chooser.setProperty(property, then));
+        QCOMPARE(chooser.property(property), then);
+        QStringList shown { chooser.cboSize->currentText() };
+        if (property == "Font_Name") {
+            shown.clear();
+            for (const QListWidgetItem *item : chooser.lstFonts->selectedItems())
+                shown << item->text();
+        }
+        QCOMPARE(shown, QStringList { selected });
     }
 
 private:

@@ -1,39 +1,62 @@
 // The services under every other layer, each through its own rules: value conversions, the error
-// trap, colours, the settings store's encoding, database reads, paths and dialog arguments.
+// trap, colours, the settings store's encoding, database reads, paths and dialog arguments, text
+// pieces and counts, counters that overflow, whole files decoded, and paths fitted to a width.
 
 #include "runtime/Colors.h"
 #include "runtime/Database.h"
 #include "runtime/Dialogs.h"
 #include "runtime/Error.h"
 #include "runtime/FileSystem.h"
-#include "runtime/FolderConditions.h"
+#include "runtime/Files.h"
+#include "runtime/FitPath.h"
+#include "runtime/Numbers.h"
 #include "runtime/SettingsStore.h"
+#include "runtime/Text.h"
 #include "runtime/Values.h"
 
-#include "RaisedError.h"
 #include "TestSupport.h"
 
+#include <QFontMetrics>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QtTest>
 
-#include <optional>
+#include <limits>
 #include <stdexcept>
 
+#include <sched.h>
+#include <sys/mount.h>
+
 using namespace kwFieldDeck;
-using test::raisedError;
 using test::readFile;
 
 namespace {
-enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
-
-QVariant convert(int conversion, const QVariant &v)
+// The number of the error a call raises, 0 when it returns normally.
+int raisedError(const std::function<void()> &call)
 {
-    const std::function<QVariant()> conversions[]
-        = { [&] { return leadingNumber(v.toString()); }, [&] { return int(toInt16(v)); },
-              [&] { return toInt32(v); }, [&] { return toDouble(v); }, [&] { return toBool(v); },
-              [&] { return isDate(v); }, [&] { return toDate(v); }, [&] { return textOf(v); } };
-    return conversions[conversion]();
+    try {
+        call();
+    } catch (const Error &error) {
+        return error.number();
+    }
+    return 0;
+}
+
+enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
+enum OnText { PieceOf = Text + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
+
+QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
+{
+    const QString s = v.toString();
+    const std::function<QVariant()> operations[] = { [&] { return leadingNumber(s); },
+        [&] { return int(toInt16(v)); }, [&] { return toInt32(v); }, [&] { return toDouble(v); },
+        [&] { return toBool(v); }, [&] { return isDate(v); }, [&] { return toDate(v); },
+        [&] { return textOf(v); }, [&] { return Piece(s, argument, n); },
+        [&] { return QString::number(ListPosition(s, argument)); },
+        [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
+        [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
+        [&] { return Dialogs::startFolder(s); } };
+    return operations[operation]();
 }
 
 QVariant text(const char *utf8)
@@ -79,6 +102,59 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
+void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
+    const QString &expected)
+{
+    QTest::newRow(name) << operation << QVariant(text) << argument << n << QVariant(expected) << 0;
+}
+
+// A folder that cannot be written, also for root, who ignores file modes: where modes do not stop
+// this process, the folder is bind-mounted read-only in a mount namespace private to the test's
+// thread (needs CAP_SYS_ADMIN). It undoes itself when destroyed.
+class ReadOnlyFolder
+{
+public:
+    explicit ReadOnlyFolder(const QString &folder)
+        : m_folder(QDir(folder).absolutePath())
+        , m_permissions(QFile::permissions(m_folder))
+    {
+        QFile::setPermissions(m_folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        const QByteArray path = QFile::encodeName(m_folder);
+        if (!isEffective() && privateMountNamespace()
+            && mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) == 0) {
+            m_mounted = true;
+            mount(nullptr, path.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
+        }
+    }
+    ~ReadOnlyFolder()
+    {
+        if (m_mounted)
+            umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
+        QFile::setPermissions(m_folder, m_permissions);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder &) = delete;
+    ReadOnlyFolder &operator=(const ReadOnlyFolder &) = delete;
+
+    // False when neither way could stop this process from writing there.
+    bool isEffective() const
+    {
+        QTemporaryFile probe(m_folder + QStringLiteral("/probe-XXXXXX"));
+        return !probe.open();
+    }
+
+private:
+    static bool privateMountNamespace()
+    {
+        static const bool done = unshare(CLONE_NEWNS) == 0
+            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        return done;
+    }
+
+    QString m_folder;
+    QFileDevice::Permissions m_permissions;
+    bool m_mounted = false;
+};
+
 const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
 } // namespace
 
@@ -108,15 +184,17 @@ private slots:
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_config->path()));
     }
 
-    void conversionGivesTheValueOrRaises_data()
+    void operationGivesTheValueOrRaises_data()
     {
-        QTest::addColumn<int>("conversion");
-        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<int>("operation");
+        QTest::addColumn<QVariant>("value"); // or text, or path, or filter text
+        QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
+        QTest::addColumn<int>("n");
         QTest::addColumn<QVariant>("expected"); // ignored when an error is expected
         QTest::addColumn<int>("error");
-        auto row = [](const char *name, int conversion, const QVariant &value,
+        auto row = [](const char *name, int operation, const QVariant &value,
                        const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << conversion << value << expected << error;
+            QTest::newRow(name) << operation << value << QString() << 0 << expected << error;
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
@@ -146,16 +224,67 @@ private slots:
         row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
         row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
             text("2024-03-01 14:05:09"));
+        const char *types
+            = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
+        textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
+        textRow("fewer parts", PieceOf, "a=b=c", "=", 4, "");
+        textRow("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
+        textRow("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
+        textRow("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
+        textRow("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
+        textRow("list position", PositionIn, types, "DATE", 0, "5");
+        textRow("part of an item", PositionIn, types, "FILE", 0, "0");
+        textRow("letter case counts", PositionIn, types, "Memo", 0, "0");
+        textRow("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
+        textRow("no text is one line", LinesOf, "", "", 0, "1");
+        textRow("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
+        textRow("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
+        textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
+        textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
+        // Paths below the test's folder, resolved without regard to letter case.
+        auto resolved = [&](const char *name, const char *written, const char *expected) {
+            textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
+        };
+        const char *db = "/Data/Combo Lists/Colours.DB";
+        resolved("as written", db, db);
+        resolved("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
+        resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
+        resolved("folder, trailing separator", "\\DATA\\", "/Data/");
+        resolved("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
+        resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
+        // Of names that differ only in case, the one written exactly is taken first.
+        resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
+        resolved("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
+        resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
+        // Qt's name filters, one a line.
+        textRow("all files", NameFilters, "All Files (*.*)|*.*", "", 0, "All Files (*.*) (*)");
+        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
+            "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
+        textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
+            "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
+        textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
+            "", 0, "Data (*.db) (*.[dD][bB])");
+        // A dialog's start folder, home when it is missing.
+        textRow("start folder in other case and backslashes", StartFolder,
+            m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
+        textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
+            QDir::homePath());
+        textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
+            QDir::homePath());
+        textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
     }
 
-    void conversionGivesTheValueOrRaises()
+    void operationGivesTheValueOrRaises()
     {
-        QFETCH(int, conversion);
+        QFETCH(int, operation);
         QFETCH(QVariant, value);
+        QFETCH(QString, argument);
+        QFETCH(int, n);
         QFETCH(QVariant, expected);
         QFETCH(int, error);
         QVariant result;
-        QCOMPARE(raisedError([&] { result = convert(conversion, value); }), error);
+        QCOMPARE(raisedError([&] { result = apply(operation, value, argument, n); }), error);
         if (!error)
             QCOMPARE(result, expected);
     }
@@ -188,9 +317,7 @@ private slots:
     {
         QTest::addColumn<quint32>("value");
         QTest::addColumn<QColor>("colour");
-        QTest::newRow("red") << 0x000000FFu << QColor(255, 0, 0);
-        QTest::newRow("blue") << 0x00FF0000u << QColor(0, 0, 255);
-        QTest::newRow("mixed") << 0x00123456u << QColor(0x56, 0x34, 0x12);
+        QTest::newRow("three bytes, red lowest") << 0x00123456u << QColor(0x56, 0x34, 0x12);
         QTest::newRow("button face") << SystemColor::ButtonFace << roleColour(QPalette::Button);
         QTest::newRow("window background")
             << SystemColor::WindowBackground << roleColour(QPalette::Base);
@@ -285,27 +412,17 @@ private slots:
         }
     }
 
-    void aStoreThatCannotBeWrittenFailsAndStaysWhole_data()
+    // A store that is a directory: tst_SettingsStorage, refusedSavesChangeNothing.
+    void aStoreInAReadOnlyFolderFailsAndStaysWhole()
     {
-        QTest::addColumn<bool>("readOnlyFolder");
-        QTest::newRow("read-only folder") << true;
-        QTest::newRow("the store is a directory") << false;
-    }
-
-    void aStoreThatCannotBeWrittenFailsAndStaysWhole()
-    {
-        QFETCH(bool, readOnlyFolder);
         const QString app = QStringLiteral("Blocked"), s = QStringLiteral("S");
         const QString none = QStringLiteral("dflt"), path = SettingsStore::filePath(app);
-        const QString earlier = readOnlyFolder ? QStringLiteral("earlier\r\nvalue") : none;
-        if (readOnlyFolder)
-            SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
-        else
-            QVERIFY(QDir().mkpath(path + QStringLiteral("/inside")));
+        const QString earlier = QStringLiteral("earlier\r\nvalue");
+        SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
         const QByteArray before = readFile(path);
         {
-            std::optional<test::ReadOnlyFolder> readOnly;
-            if (readOnlyFolder && !readOnly.emplace(QFileInfo(path).absolutePath()).isEffective())
+            ReadOnlyFolder readOnly(QFileInfo(path).absolutePath());
+            if (!readOnly.isEffective())
                 QSKIP("This process can write to any folder and cannot mount one read-only");
             for (const char *key : { "K", "Added" })
                 QCOMPARE(raisedError([&] {
@@ -315,11 +432,9 @@ private slots:
             QCOMPARE(readFile(path), before);
         }
         // The failed values do not come back once the store can be written again.
-        if (readOnlyFolder)
-            SettingsStore::SaveSetting(app, s, QStringLiteral("Other"), QStringLiteral("later"));
+        SettingsStore::SaveSetting(app, s, QStringLiteral("Other"), QStringLiteral("later"));
         QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("K"), none), earlier);
         QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("Added"), none), none);
-        QCOMPARE(QFileInfo(path + QStringLiteral("/inside")).isDir(), !readOnlyFolder);
     }
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql_data()
@@ -386,72 +501,107 @@ private slots:
         QFile::remove(path);
     }
 
-    void pathIsResolvedWithoutRegardToCase_data()
+    void stepChangesTheCounterOrOverflowsKeepingIt_data()
     {
-        QTest::addColumn<QString>("written"); // both below the test's folder
+        QTest::addColumn<bool>("increment");
+        QTest::addColumn<qint32>("start");
+        QTest::addColumn<qint32>("step");
+        QTest::addColumn<qint32>("expected"); // the start again when it overflows
+        QTest::addColumn<int>("error");
+        const qint32 top = std::numeric_limits<qint32>::max();
+        const qint32 bottom = std::numeric_limits<qint32>::min();
+        const int overflow = ErrOverflow;
+        QTest::newRow("increment by several") << true << 10 << 5 << 15 << 0;
+        QTest::newRow("increment by a negative step") << true << 10 << -3 << 7 << 0;
+        QTest::newRow("increment up to the top") << true << top - 1 << 1 << top << 0;
+        QTest::newRow("decrement down to the bottom") << false << bottom + 1 << 1 << bottom << 0;
+        QTest::newRow("increment past the top") << true << top << 1 << top << overflow;
+        QTest::newRow("increment below the bottom") << true << bottom << -1 << bottom << overflow;
+        QTest::newRow("decrement below the bottom") << false << bottom << 1 << bottom << overflow;
+        QTest::newRow("decrement past the top") << false << top << -1 << top << overflow;
+    }
+
+    void stepChangesTheCounterOrOverflowsKeepingIt()
+    {
+        QFETCH(bool, increment);
+        QFETCH(qint32, start);
+        QFETCH(qint32, step);
+        QFETCH(qint32, expected);
+        QFETCH(int, error);
+        qint32 counter = start;
+        qint32 returned = 0;
+        QCOMPARE(raisedError([&] {
+            returned = increment ? Increment(counter, step) : Decrement(counter, step);
+        }),
+            error);
+        QCOMPARE(counter, expected);
+        QCOMPARE(returned, error ? 0 : expected);
+    }
+
+    void readWholeFileDecodesItsBytes_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("expected");
-        auto row = [](const char *name, const char *written, const char *expected) {
-            QTest::newRow(name) << written << expected;
-        };
-        const char *db = "/Data/Combo Lists/Colours.DB";
-        row("as written", db, db);
-        row("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
-        row("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
-        row("folder, trailing separator", "\\DATA\\", "/Data/");
-        row("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
-        row("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
-            "/Data/NoSuch/README.TXT");
-        // Of names that differ only in case, the one written exactly is taken first.
-        row("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
-        row("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
-        row("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
+        // Plain UTF-8, its byte-order mark and Windows-1252 letters: tst_DefinitionReader.
+        QTest::newRow("Windows-1252 high codes")
+            << QByteArray("\x80 \x85 \x93q\x94 \x96 \x99 \x9F")
+            << QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178");
+        QTest::newRow("invalid UTF-8 anywhere makes all Windows-1252")
+            << QByteArray("\xC3\xA9 and \xE9") << QStringLiteral("\u00C3\u00A9 and \u00E9");
     }
 
-    void pathIsResolvedWithoutRegardToCase()
+    void readWholeFileDecodesItsBytes()
     {
-        QFETCH(QString, written);
+        QFETCH(QByteArray, bytes);
         QFETCH(QString, expected);
-        QCOMPARE(FileSystem::resolvePath(m_dir.path() + written), m_dir.path() + expected);
+        QVERIFY(!test::writeFile(m_dir.filePath(QStringLiteral("Decode.TXT")), bytes).isEmpty());
+        // Read as written on another system: backslashes and other letter case.
+        QCOMPARE(ReadWholeFile(m_dir.path() + QStringLiteral("\\decode.txt")), expected);
+        QCOMPARE(ReadWholeFile(m_dir.filePath(QStringLiteral("missing.txt"))), QString());
     }
 
-    void filterTextBecomesQtNameFilters_data()
+    void pathIsFittedKeepingItsFileName_data()
     {
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QStringList>("expected");
-        QTest::newRow("all files")
-            << "All Files (*.*)|*.*" << QStringList { "All Files (*.*) (*)" };
-        QTest::newRow("two pairs")
-            << "Text Files (*.txt)|*.txt|All Files (*.*)|*.*"
-            << QStringList { "Text Files (*.txt) (*.[tT][xX][tT])", "All Files (*.*) (*)" };
-        QTest::newRow("several patterns")
-            << "Images|*.png;*.JPG" << QStringList { "Images (*.[pP][nN][gG] *.[jJ][pP][gG])" };
-        QTest::newRow("description without pattern is left out")
-            << "Data (*.db)|*.db|Dangling" << QStringList { "Data (*.db) (*.[dD][bB])" };
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("narrower"); // pixels less than the whole path; -2: half of it
+        QTest::addColumn<QString>("fileName");
+        const QString slashes
+            = QStringLiteral("/home/user/projects/field deck/examples/settings.def");
+        const QString backslashes = QStringLiteral("C:\\Program Files\\Vendor\\data\\table.mdb");
+        QTest::newRow("fits") << slashes << 0 << "/settings.def";
+        QTest::newRow("one pixel too narrow") << slashes << 1 << "/settings.def";
+        QTest::newRow("half the width") << slashes << -2 << "/settings.def";
+        QTest::newRow("no width at all") << slashes << 100000 << "/settings.def";
+        QTest::newRow("backslashes, one pixel too narrow") << backslashes << 1 << "\\table.mdb";
+        QTest::newRow("backslashes, half the width") << backslashes << -2 << "\\table.mdb";
     }
 
-    void filterTextBecomesQtNameFilters()
+    void pathIsFittedKeepingItsFileName()
     {
-        QFETCH(QString, filter);
-        QFETCH(QStringList, expected);
-        QCOMPARE(Dialogs::nameFilters(filter), expected);
-    }
-
-    void missingStartFolderFallsBackToHome_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("expected");
-        const QString data = m_dir.filePath(QStringLiteral("Data"));
-        QTest::newRow("other case and backslashes") << m_dir.path() + "\\DATA\\" << data;
-        QTest::newRow("drive of another system") << QStringLiteral("C:\\") << QDir::homePath();
-        QTest::newRow("missing") << m_dir.filePath(QStringLiteral("gone")) << QDir::homePath();
-        QTest::newRow("empty") << QString() << QDir::homePath();
-    }
-
-    void missingStartFolderFallsBackToHome()
-    {
-        QFETCH(QString, folder);
-        QFETCH(QString, expected);
-        QCOMPARE(Dialogs::startFolder(folder), expected);
+        QFETCH(QString, path);
+        QFETCH(int, narrower);
+        QFETCH(QString, fileName);
+        const QFont font;
+        const QFontMetrics metrics(font);
+        const int full = metrics.horizontalAdvance(path);
+        const int width = qMax(0, narrower < 0 ? full / -narrower : full - narrower);
+        const QString fitted = FitPath(font, width, path);
+        if (width >= full)
+            QCOMPARE(fitted, path);
+        QVERIFY2(fitted.endsWith(fileName), qPrintable(fitted));
+        if (fitted == path)
+            return;
+        // "..." and the end of the path from a separator on: as many folders as fit, the file name
+        // even when it alone does not fit.
+        QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)),
+            qPrintable(fitted));
+        QCOMPARE(fitted.at(3), fileName.at(0));
+        QVERIFY2(metrics.horizontalAdvance(fitted) <= width || fitted.mid(3) == fileName,
+            qPrintable(fitted));
+        const qsizetype longer = path.lastIndexOf(fileName.at(0), path.size() - fitted.size() + 2);
+        if (longer > 3) // the next folder would still leave a shorter text than the path
+            QVERIFY2(metrics.horizontalAdvance(QStringLiteral("...") + path.mid(longer)) > width,
+                qPrintable(fitted));
     }
 
 private:
