@@ -266,12 +266,6 @@ private slots:
         };
         file("as written", Header + "\r\n" + TwoFields, true, ReadTwo);
         file("lower case", "property control definition file\r\n" + TwoFields, true, ReadTwo);
-        file("UTF-8 byte-order mark", "\xEF\xBB\xBF" + Header + "\r\n" + TwoFields, true, ReadTwo);
-        const QByteArray text = "\r\nTYPE=TEXT\r\nENDFIELD";
-        file("UTF-8", Header + "\r\nADDFIELD Gr\xC3\xB6\xC3\x9F\x65 \xE2\x82\xAC" + text, true,
-            { "Größe €:TEXT=" });
-        file("Windows-1252", Header + "\r\nADDFIELD Gr\xF6\xDF\x65 \x80" + text, true,
-            { "Größe €:TEXT=" });
         // Notes outside a block are skipped however many there are, and a long value is kept.
         QByteArray large = Header + "\r\n" + TwoFields;
         while (large.size() < 12 * 1024 * 1024)

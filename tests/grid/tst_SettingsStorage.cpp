@@ -47,8 +47,6 @@ private slots:
         row("memo with CR LF", ftMemo, "a\r\nb", "a%CRLF%b", "a\r\nb");
         row("lone CR and LF", ftMemo, "a\rb\nc", "a\rb\nc", "a\rb\nc");
         row("empty", ftText, "", "", "");
-        // Restoring splits a line at its first "=".
-        row("equals signs", ftText, "x=y=z", "x=y=z", "x=y=z");
         row("check", ftCheckBox, "TRUE", "1", "1");
         // The marker itself is written unchanged, so it comes back as a line break (intended).
         row("the marker text", ftMemo, "50%CRLF%", "50%CRLF%", "50\r\n");
@@ -79,8 +77,7 @@ private slots:
         QStringList values;
         for (Field *field : fields)
             values << textOf(field->Value());
-        // A line without "=" is the name and the value at once (intended); a removed field keeps
-        // its value.
+        // A line without "=" is name and value at once (intended); a removed field keeps its own.
         QCOMPARE(values, QStringList({ "other", restored, "a", "Bare" }));
         // The lookup of the removed field reports its miss; the restoring itself goes on.
         QCOMPARE(errors.sources(), QStringList { "Property 'Item' of Class Module 'Fields'" });
@@ -164,8 +161,7 @@ private slots:
             QCOMPARE(readFile(path), damaged);
             QVERIFY(!QFileInfo::exists(aside));
 
-            // Saving stores the new value and every readable one, keeps the damaged file whole
-            // beside the store and says where.
+            // Saving keeps every readable value and the damaged file whole beside, saying where.
             field->setValue(QStringLiteral("second"));
             host.grid->SaveValuesToRegistry(App, Section, Setting);
             QCOMPARE(errors.errors.size(), 1);
