@@ -1,6 +1,4 @@
-// The grid's view as a user meets it, in a shown window with real keys, clicks and the wheel:
-// every field type reached every way, the keys and the wheel that move through the rows, the
-// look of disabled rows, assistive tools, and no widget per row however many rows there are.
+// The view met with real keys, clicks and the wheel, its look, assistive tools, and its size.
 
 #include "grid/UserGrid.h"
 
@@ -77,9 +75,8 @@ private slots:
         }
     }
 
-    // The focus lands in the row's editor, that row alone is highlighted, its description shows,
-    // and Tab passes the rest of its editor's parts, then moves on to the next row; Backtab, as
-    // the desktop sends Shift+Tab, leaves a row entered by Tab at once, backwards.
+    // The row reached alone has the focus, the highlight and its description; Tab passes the
+    // rest of its editor's parts first, and Backtab leaves a row entered by Tab at once.
     void everyTypeEveryWayIn()
     {
         QFETCH(int, type);
@@ -333,7 +330,6 @@ private slots:
         Field *far = many.field(QStringLiteral("Row77769"));
         QVERIFY(many.d()->rowEditor().row() != far);
         far->setValue(QStringLiteral("far away"));
-        QCOMPARE(far->Value().toString(), QStringLiteral("far away"));
         QCOMPARE(GridHost::state(far).text, QStringLiteral("far away"));
 
         QAccessibleInterface *table = QAccessible::queryAccessibleInterface(few.view());
