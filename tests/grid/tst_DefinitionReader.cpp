@@ -60,27 +60,6 @@ QStringList summaries(const GridHost &host)
     return all;
 }
 
-// What the user and the host were told: each message as "title: prompt" (only the collection's
-// duplicate message has no title and is no critical one), each error as "error N in source".
-QStringList reports(const MessageRecorder &messages, const ErrorRecorder &errors)
-{
-    QStringList all;
-    for (const ShownMessage &m : messages.messages) {
-        all << m.title + ": " + m.prompt;
-        if (m.style != (m.title.isEmpty() ? 0 : MsgBoxStyle::Critical | MsgBoxStyle::OKOnly))
-            all << QStringLiteral("style %1").arg(m.style);
-    }
-    for (const ReportedError &e : errors.errors)
-        all << QStringLiteral("error %1 in %2").arg(e.number).arg(e.source);
-    return all;
-}
-
-QString error(int number, const char *procedure)
-{
-    return QStringLiteral("error %1 in Sub '%2' of User Control 'kwPropertyControl'")
-        .arg(number)
-        .arg(QLatin1String(procedure));
-}
 } // namespace
 
 class tst_DefinitionReader : public QObject
@@ -150,15 +129,15 @@ private slots:
               "CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO" });
         // A reported error ends the reading.
         row("ADDFIELD without a name", "ADDFIELD A|TYPE=TEXT|ENDFIELD|ADDFIELD|TYPE=TEXT|ENDFIELD",
-            { "A:TEXT=" }, { error(ErrInvalidCall, "ReadDef") });
+            { "A:TEXT=" }, { gridError(ErrInvalidCall, "ReadDef") });
         row("a refused slider has no field for its limits",
             "ADDFIELD N|TYPE=TEXT|ENDFIELD|ADDFIELD n|TYPE=SLIDER|ENDFIELD|ADDFIELD M|TYPE=TEXT|"
             "ENDFIELD",
             { "N:TEXT=" },
             { ": Field: n already exists in Fields Collection!",
-                error(ErrObjectRequired, "ReadDef") });
+                gridError(ErrObjectRequired, "ReadDef") });
         row("FIELDNAMEWIDTH overflow", "FIELDNAMEWIDTH=" + QString(50, '9'), {},
-            { error(ErrOverflow, "ReadDef") });
+            { gridError(ErrOverflow, "ReadDef") });
         // The database messages close the block: the combo is added without items.
         const QString combo = "ADDFIELD Colour|TYPE=COMBO|VALUE=x|";
         const QString after = "|ENDFIELD|ADDFIELD After|TYPE=TEXT|ENDFIELD";
@@ -262,7 +241,7 @@ private slots:
             QTest::newRow(name) << path << QStringList { "Earlier:TEXT=" }
                                 << (said ? QStringList { Grid + ": " + CannotOpen + path }
                                          : QStringList())
-                    + QStringList { error(ErrSubscriptOutOfRange, "LoadDefFile") };
+                    + QStringList { gridError(ErrSubscriptOutOfRange, "LoadDefFile") };
         };
         file("as written", Header + "\r\n" + TwoFields, true, ReadTwo);
         file("lower case", "property control definition file\r\n" + TwoFields, true, ReadTwo);
