@@ -71,8 +71,6 @@ public:
     {
         return d()->canvasRows().at(FieldPrivate::get(field)->m_row);
     }
-    // The top of the canvas the rows lie on, in twips: 0, or less when scrolled.
-    float canvasTop() const { return d()->canvasTop(); }
 
     QWidget window;
     bool shown = false;
