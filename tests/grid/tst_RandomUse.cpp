@@ -34,8 +34,7 @@ bool readsBackAsWritten(const Field *field, const QVariant &written)
     }
 }
 
-// A number box that shows what its key filter refuses: the text, or empty. The row being edited
-// shows its live editor's text, every other row its kept text.
+// A number box's shown text (live editor or kept) with a character its key filter refuses.
 QString refusedCharacterShown(const UserGrid &user)
 {
     static const QRegularExpression numeric(QStringLiteral("^[-+.0-9]*$"));

@@ -80,8 +80,7 @@ private slots:
         QCOMPARE(messages.messages.size(), 0);
     }
 
-    // Blank arguments are refused with a message each time; a store that cannot be written is
-    // reported under the grid's own name, with no message. The field keeps its value.
+    // Blank arguments get a message each time; an unwritable store an error under the grid.
     void refusedSavesChangeNothing_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -112,7 +111,6 @@ private slots:
         ErrorRecorder errors;
         host.grid->SaveValuesToRegistry(arguments[0], arguments[1], arguments[2]);
         host.grid->GetValuesFromRegistry(arguments[0], arguments[1], arguments[2]);
-        // A message of another title or style than a critical one's shows in the list.
         QCOMPARE(reports(messages, errors), reported);
         QCOMPARE(textOf(field->Value()), QStringLiteral("value"));
         QCOMPARE(store.entryList(QDir::Files), before);
