@@ -71,13 +71,34 @@ public:
     {
         return d()->canvasRows().at(FieldPrivate::get(field)->m_row);
     }
-    // The top of the canvas the rows lie on, in twips: 0, or less when scrolled.
-    float canvasTop() const { return d()->canvasTop(); }
 
     QWidget window;
     bool shown = false;
     kwPropertyControl *grid = nullptr;
 };
+
+// What the user and the host were told: each message as "title: prompt" (only the collection's
+// duplicate message has no title and is no critical one), each error as "error N in source".
+inline QStringList reports(const MessageRecorder &messages, const ErrorRecorder &errors)
+{
+    QStringList all;
+    for (const ShownMessage &m : messages.messages) {
+        all << m.title + ": " + m.prompt;
+        if (m.style != (m.title.isEmpty() ? 0 : MsgBoxStyle::Critical | MsgBoxStyle::OKOnly))
+            all << QStringLiteral("style %1").arg(m.style);
+    }
+    for (const ReportedError &e : errors.errors)
+        all << QStringLiteral("error %1 in %2").arg(e.number).arg(e.source);
+    return all;
+}
+
+// An error as reports() gives it, raised in one of the grid's procedures.
+inline QString gridError(int number, const char *procedure)
+{
+    return QStringLiteral("error %1 in Sub '%2' of User Control 'kwPropertyControl'")
+        .arg(number)
+        .arg(QLatin1String(procedure));
+}
 
 // A definition text written on one line: "|" stands for the CR LF between its lines.
 inline QString defText(QString text)

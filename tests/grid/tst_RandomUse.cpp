@@ -1,10 +1,5 @@
-// Thousands of random user and host actions on a shown grid of every field type. After each one
-// the grid must still answer, highlight the row that has the focus, keep the focus in the window
-// once a row had it, name only its own fields in Changed, read back what the host wrote as the
-// field's type says, and show no refused character in a number box.
-//
-// KW_RANDOM_SEED replays a run (the seed is printed when one fails); KW_RANDOM_ACTIONS sets how
-// many actions a run takes.
+// Random user and host actions on a grid of every type; the invariants are checked after each.
+// KW_RANDOM_SEED replays a run (a failure prints it); KW_RANDOM_ACTIONS sets the actions.
 
 #include "grid/UserGrid.h"
 
@@ -39,8 +34,7 @@ bool readsBackAsWritten(const Field *field, const QVariant &written)
     }
 }
 
-// A number box that shows what its key filter refuses: the text, or empty. The row being edited
-// shows its live editor's text, every other row its kept text.
+// A number box's shown text (live editor or kept) with a character its key filter refuses.
 QString refusedCharacterShown(const UserGrid &user)
 {
     static const QRegularExpression numeric(QStringLiteral("^[-+.0-9]*$"));
