@@ -1,4 +1,5 @@
-// The grid: its properties, rows laid out and scrolled in twips, typing, its life in a window.
+// The grid: persisted properties, rows, layout and scrolling in twips, typing, and its life in a
+// window.
 
 #include "grid/GridHost.h"
 
@@ -24,6 +25,8 @@ private slots:
         auto row = [](const char *name, const QVariant &initial, const QVariant &other) {
             QTest::newRow(name) << initial << other;
         };
+        row("BackColor", quint32(SystemColor::ButtonFace), quint32(0x00112233));
+        row("ForeColor", quint32(0), quint32(0x00445566));
         row("Enabled", false, true);
         row("Font", QVariant(), QFont(QStringLiteral("Serif"), 15, QFont::Bold));
         row("BackStyle", 0, 1);
@@ -32,6 +35,8 @@ private slots:
         row("RowHeight", 315.0, 400.0);
         row("ScaleMode", 1, 3);
         row("Appearance", 1, 0);
+        row("FieldNameBackColor", quint32(SystemColor::WindowBackground), quint32(0x00010203));
+        row("FieldNameForeColor", quint32(SystemColor::WindowText), quint32(0x00040506));
     }
 
     // A form file keeps the grid's properties as Qt's property system reads and writes them.
@@ -43,6 +48,8 @@ private slots:
         GridHost saved;
         QCOMPARE(saved.grid->property(name),
             initial.isValid() ? initial : QVariant(saved.window.font()));
+        const QMetaObject *meta = saved.grid->metaObject();
+        QVERIFY(meta->property(meta->indexOfProperty(name)).isStored());
         QVERIFY(saved.grid->setProperty(name, other));
         // Read before the next repaint, which puts ScaleMode back to twips.
         const QVariant kept = saved.grid->property(name);
@@ -74,8 +81,9 @@ private slots:
         row("names too wide are ignored", ftText, 3, 0, 3800);
     }
 
-    // Rows overlap by their 15-twip border line; the live editor lies where its row is painted.
-    // A date picker is made 10 twips wider until a full layout (intended).
+    // Rows share one border line, 300 twips apart, and every editor lies beside its name cell in
+    // the value column, its live widget where the row is painted; the date picker is made 10
+    // twips wider than the others until a full layout (intended).
     void rowsLieOnTheCanvas()
     {
         QFETCH(int, type);
@@ -119,8 +127,9 @@ private slots:
             host.view()->editorRect(FieldPrivate::get(first)->m_row));
     }
 
-    // A click on the row cut by the bottom edge scrolls one row; a drag moves FirstRow only on
-    // release; the focus brings a row into view, and the view can leave it again.
+    // A click on the row at the bottom edge, which shows its top border line only, scrolls it in
+    // by one row; the scroll bar moves the canvas, and a drag leaves FirstRow until the release;
+    // the focus brings a row into view, and the view can leave it again.
     void scrollingMovesTheCanvas()
     {
         GridHost host(4005, 1215);
@@ -219,7 +228,8 @@ private slots:
         QVERIFY(host.d()->rowOf(field) >= 0);
     }
 
-    // The repaint clears the busy flag a failed layout left, reaching the grid through its view.
+    // The repaint clears the busy flag that a failed layout left, as the grid's paint handler
+    // does; the covered surface hears of the repaint through its viewport and canvas.
     void aLayoutThatFailedIsFreedByTheNextRepaint()
     {
         GridHost host;
@@ -237,7 +247,8 @@ private slots:
         QTRY_VERIFY((host.grid->Refresh(true), host.row(host.field("Row2")).top == 385.0f));
     }
 
-    // With no size given by anyone, a grid shows a few whole rows, even in the smallest window.
+    // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
+    // few whole rows, and still does when its window is made as small as it goes.
     void aloneInALayoutTheGridShowsAFewRows()
     {
         ErrorRecorder errors;
@@ -268,7 +279,8 @@ private slots:
             QTest::newRow(qPrintable(QString::number(type))) << type;
     }
 
-    // As its controls leave one by one, the focus each passes on must not reach the rows.
+    // A grid goes while a row of it has the focus: its controls leave one by one, and the focus
+    // that each passes on must not reach the rows' handlers.
     void deletingAGridWithTheFocusInARow()
     {
         QFETCH(int, type);

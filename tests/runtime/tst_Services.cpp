@@ -542,7 +542,12 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("expected");
-        // Plain UTF-8, its byte-order mark and Windows-1252 letters: tst_DefinitionReader.
+        QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xE2\x82\xAC")
+                               << QStringLiteral("caf\u00E9 \u20AC");
+        QTest::newRow("UTF-8 BOM dropped")
+            << QByteArray("\xEF\xBB\xBFTitle=x") << QStringLiteral("Title=x");
+        QTest::newRow("Windows-1252 accents")
+            << QByteArray("caf\xE9 na\xEFve") << QStringLiteral("caf\u00E9 na\u00EFve");
         QTest::newRow("Windows-1252 high codes")
             << QByteArray("\x80 \x85 \x93q\x94 \x96 \x99 \x9F")
             << QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178");
