@@ -19,10 +19,31 @@
 #include <QStyleFactory>
 
 #include <cstdio>
+#include <cstring>
+#include <vector>
 
 using namespace kwFieldDeck;
 
 namespace {
+// Under X11 Qt takes "-title" and "--title" for itself, so it gets the command line without the
+// form's title, and the form reads the whole line.
+std::vector<char *> withoutTitle(int argc, char *argv[])
+{
+    std::vector<char *> kept;
+    bool options = true;
+    for (int i = 0; i < argc; ++i) {
+        const char *arg = argv[i];
+        options = options && std::strcmp(arg, "--") != 0;
+        const char *name = options && arg[0] == '-' ? arg + (arg[1] == '-' ? 2 : 1) : nullptr;
+        if (i > 0 && name && std::strcmp(name, "title") == 0)
+            ++i;
+        else if (!(i > 0 && name && std::strncmp(name, "title=", 6) == 0))
+            kept.push_back(argv[i]);
+    }
+    kept.push_back(nullptr);
+    return kept;
+}
+
 enum ExitCode { ExitOk = 0, ExitCancelled = 1, ExitNotLoaded = 2, ExitLoadShowedMessages = 2 };
 
 void printTo(FILE *stream, const QString &text)
@@ -98,11 +119,16 @@ int main(int argc, char *argv[])
     // With no display, --help, --version and --screenshot still work.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && FormMessages::noDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    std::vector<char *> qtArgv = withoutTitle(argc, argv);
+    int qtArgc = int(qtArgv.size()) - 1;
+    QApplication app(qtArgc, qtArgv.data());
     QApplication::setApplicationName(QStringLiteral("kwfielddeck-form"));
     QApplication::setApplicationVersion(QStringLiteral(KWFIELDDECK_VERSION));
 
-    const FormOptions options = FormOptions::parse(QApplication::arguments());
+    const FormOptions options = FormOptions::parse(arguments);
     switch (options.outcome) {
     case FormOptions::Outcome::Help:
     case FormOptions::Outcome::Version:
