@@ -40,7 +40,7 @@ OleColor kwPropertyControl::ForeColor() const
 }
 void kwPropertyControl::setForeColor(OleColor color)
 {
-    d_func()->setForeColor(color);
+    d_func()->m_ForeColor = color;
 }
 bool kwPropertyControl::storedEnabled() const
 {
@@ -48,7 +48,7 @@ bool kwPropertyControl::storedEnabled() const
 }
 void kwPropertyControl::setStoredEnabled(bool enabled)
 {
-    d_func()->setStoredEnabled(enabled);
+    d_func()->m_Enabled = enabled;
 }
 QFont kwPropertyControl::Font() const
 {
@@ -70,7 +70,7 @@ kwPropertyControl::BackStyleCode kwPropertyControl::BackStyle() const
 }
 void kwPropertyControl::setBackStyle(qint16 style)
 {
-    d_func()->setBackStyle(style);
+    d_func()->m_BackStyle = style;
 }
 kwPropertyControl::BorderStyleCode kwPropertyControl::BorderStyle() const
 {
@@ -78,15 +78,15 @@ kwPropertyControl::BorderStyleCode kwPropertyControl::BorderStyle() const
 }
 void kwPropertyControl::setBorderStyle(qint16 style)
 {
-    d_func()->setBorderStyle(style);
+    d_func()->m_BorderStyle = style;
 }
 kwPropertyControl::ScaleModeCode kwPropertyControl::ScaleMode() const
 {
-    return ScaleModeCode(d_func()->ScaleMode());
+    return ScaleModeCode(d_func()->m_ScaleMode);
 }
 void kwPropertyControl::setScaleMode(qint16 mode)
 {
-    d_func()->setScaleMode(mode);
+    d_func()->m_ScaleMode = mode;
 }
 kwPropertyControl::AppearanceCode kwPropertyControl::Appearance() const
 {
@@ -276,16 +276,6 @@ void kwPropertyControlPrivate::setBackColor(OleColor color)
     });
 }
 
-void kwPropertyControlPrivate::setForeColor(OleColor color)
-{
-    m_ForeColor = color;
-}
-
-void kwPropertyControlPrivate::setStoredEnabled(bool enabled)
-{
-    m_Enabled = enabled;
-}
-
 // The grid's Font is its widget's font, so whatever sets that font reaches every row.
 void kwPropertyControlPrivate::widgetFontChanged()
 {
@@ -323,26 +313,6 @@ void kwPropertyControlPrivate::setDefinition(const QString &text)
             m_DefinitionFields.append(m_Fields->Item(position));
         Refresh(true);
     });
-}
-
-void kwPropertyControlPrivate::setBackStyle(qint16 style)
-{
-    m_BackStyle = style;
-}
-
-void kwPropertyControlPrivate::setBorderStyle(qint16 style)
-{
-    m_BorderStyle = style;
-}
-
-qint16 kwPropertyControlPrivate::ScaleMode() const
-{
-    return m_ScaleMode;
-}
-
-void kwPropertyControlPrivate::setScaleMode(qint16 mode)
-{
-    m_ScaleMode = mode;
 }
 
 // The viewport's border: 0 flat, 1 sunken; any other value is refused.

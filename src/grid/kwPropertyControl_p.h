@@ -54,15 +54,9 @@ public:
     kwFieldDeck::Fields *Fields() const { return m_Fields; }
     OleColor BackColor() const { return m_BackColor; }
     void setBackColor(OleColor color);
-    void setForeColor(OleColor color);
-    void setStoredEnabled(bool enabled);
     QFont Font() const override { return m_Font; }
     // The widget's font changed (QWidget::setFont, the parent, the Font property).
     void widgetFontChanged();
-    void setBackStyle(qint16 style);
-    void setBorderStyle(qint16 style);
-    qint16 ScaleMode() const;
-    void setScaleMode(qint16 mode);
     qint16 Appearance() const { return m_Appearance; }
     void setAppearance(qint16 appearance);
     OleColor FieldNameBackColor() const { return m_FieldNameBackColor; }
