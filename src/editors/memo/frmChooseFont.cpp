@@ -31,26 +31,26 @@ T *named(T *object, const char *name)
 frmChooseFont::frmChooseFont(QWidget *parent)
     : QDialog(parent)
     , lstFonts(named(new QListWidget(this), "lstFonts"))
-    , Label2(named(new QLabel(QStringLiteral("Size"), this), "Label2"))
     , cboSize(named(new QComboBox(this), "cboSize"))
-    , Frame1(named(new QGroupBox(QStringLiteral("Sample"), this), "Frame1"))
-    , lblSample(named(new QLabel(QStringLiteral("AaBbYyZz"), Frame1), "lblSample"))
-    , btnOk(named(new QPushButton(QStringLiteral("Ok"), this), "btnOk"))
-    , btnCancel(named(new QPushButton(QStringLiteral("Cancel"), this), "btnCancel"))
+    , lblSample(named(new QLabel(QStringLiteral("AaBbYyZz"), this), "lblSample"))
 {
     setObjectName(QStringLiteral("frmChooseFont"));
     setWindowTitle(QStringLiteral("Choose Font"));
 
+    // The caption, the sample's frame and the buttons are reached by their object names.
+    auto *btnOk = named(new QPushButton(QStringLiteral("Ok"), this), "btnOk");
+    auto *btnCancel = named(new QPushButton(QStringLiteral("Cancel"), this), "btnCancel");
+    auto *frame = named(new QGroupBox(QStringLiteral("Sample"), this), "Frame1");
     lblSample->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    auto *sample = new QVBoxLayout(Frame1);
+    auto *sample = new QVBoxLayout(frame);
     sample->addWidget(lblSample);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(btnOk);
     buttons->addWidget(btnCancel);
     auto *side = new QVBoxLayout;
-    side->addWidget(Label2);
+    side->addWidget(named(new QLabel(QStringLiteral("Size"), this), "Label2"));
     side->addWidget(cboSize);
-    side->addWidget(Frame1, 1);
+    side->addWidget(frame, 1);
     side->addLayout(buttons);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);

@@ -3,10 +3,8 @@
 #include <QDialog>
 
 class QComboBox;
-class QGroupBox;
 class QLabel;
 class QListWidget;
-class QPushButton;
 
 namespace kwFieldDeck {
 
@@ -31,12 +29,8 @@ public:
 
     // The window's parts, also found by these object names.
     QListWidget *const lstFonts;
-    QLabel *const Label2;
     QComboBox *const cboSize;
-    QGroupBox *const Frame1;
     QLabel *const lblSample;
-    QPushButton *const btnOk;
-    QPushButton *const btnCancel;
 
     void reject() override;
 
