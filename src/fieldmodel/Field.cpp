@@ -16,6 +16,11 @@ bool hasEditorType(qint32 type)
 {
     return type >= ftText && type <= ftMemo;
 }
+
+bool browsesPaths(qint32 type)
+{
+    return type == ftFileSelector || type == ftFolderSelector;
+}
 } // namespace
 
 Field::Field(QObject *parent)
@@ -26,126 +31,281 @@ Field::Field(QObject *parent)
 
 Field::~Field() = default;
 
-// The public accessors: the field's state and its editors are FieldPrivate's.
+// The properties: each setter keeps the field's state and shows it on the row.
 QString Field::Name() const
 {
     return d_func()->m_Name;
 }
+
 void Field::setName(const QString &name)
 {
-    d_func()->setName(name);
+    Q_D(Field);
+    trap("Property 'Name' of Class Module 'Field'", [&] {
+        d->m_Name = name;
+        if (!d->m_hasNameCell)
+            raise(ErrObjectRequired);
+        d->showChanges();
+    });
 }
+
 QString Field::Description() const
 {
     return d_func()->m_Description;
 }
+
 void Field::setDescription(const QString &description)
 {
-    d_func()->setDescription(description);
+    Q_D(Field);
+    trap("Property 'Description' of Class Module 'Field'", [&] {
+        d->m_Description = description;
+        if (!d->m_hasNameCell)
+            raise(ErrObjectRequired);
+        d->showChanges();
+    });
 }
+
 qint32 Field::Size() const
 {
     return d_func()->m_Size;
 }
+
 void Field::setSize(qint32 size)
 {
-    d_func()->setSize(size);
+    Q_D(Field);
+    trap("Property 'Size' of Class Module 'Field'", [&] {
+        d->m_Size = size;
+        if (d->m_FieldType != ftText)
+            return;
+        d->kind();
+        d->m_editor.maxLength = std::max(0, size);
+        d->showChanges();
+    });
 }
+
 lFieldTypes Field::FieldType() const
 {
     return lFieldTypes(d_func()->m_FieldType);
 }
+
 void Field::setFieldType(lFieldTypes type)
 {
-    d_func()->setFieldType(type);
+    Q_D(Field);
+    trap("Property 'FieldType' of Class Module 'Field'", [&] {
+        // A warning only: the type still changes below. Intended.
+        if (d->m_FieldType != 0)
+            MsgBox(QStringLiteral("Field:") + d->m_Name
+                    + QStringLiteral("\r\nCan't Change Field Type once it has already been set!"),
+                MsgBoxStyle::OKOnly, QString());
+        if (type == d->m_FieldType)
+            return;
+        d->m_FieldType = type;
+        d->Grid()->AddField(this);
+        d->m_hasNameCell = true;
+        // The editor of an earlier type stays on the grid: intended.
+        if (const FieldKind *kind = FieldKind::of(type))
+            d->createEditor(kind);
+        else
+            d->m_hasEditor = false;
+    });
 }
+
 QVariant Field::Value() const
 {
     return d_func()->Value();
 }
+
 void Field::setValue(const QVariant &value)
 {
-    d_func()->setValue(value);
+    Q_D(Field);
+    trap("Property 'Value' of Class Module 'Field'", [&] {
+        d->m_Value = value;
+        if (!hasEditorType(d->m_FieldType))
+            return;
+        Changes changes;
+        d->kind().showValue(d->m_Value, d->m_editor, changes);
+        d->showChanges();
+        d->reportChanges(changes);
+    });
 }
+
 QVariant Field::Min() const
 {
     return d_func()->m_Min;
 }
+
 void Field::setMin(const QVariant &min)
 {
-    d_func()->setMin(min);
+    Q_D(Field);
+    trap("Property 'Min' of Class Module 'Field'", [&] {
+        d->m_Min = min;
+        Changes changes;
+        switch (d->m_FieldType) {
+        case ftDate:
+        case ftSlider:
+            d->kind().applyMin(d->m_Min, d->m_editor, changes);
+            break;
+        case ftText:
+            // Setting Min of a text field moves the focus to it: intended.
+            d->kind();
+            if (d->m_editor.enabled)
+                d->Grid()->FocusRowEditor(this);
+            return;
+        default:
+            return;
+        }
+        d->showChanges();
+        d->reportChanges(changes);
+    });
 }
+
 QVariant Field::Max() const
 {
     return d_func()->m_Max;
 }
+
 void Field::setMax(const QVariant &max)
 {
-    d_func()->setMax(max);
+    Q_D(Field);
+    trap("Property 'Max' of Class Module 'Field'", [&] {
+        d->m_Max = max;
+        if (d->m_FieldType != ftDate && d->m_FieldType != ftSlider)
+            return;
+        Changes changes;
+        d->kind().applyMax(d->m_Min, d->m_Max, d->m_editor, changes);
+        d->showChanges();
+        d->reportChanges(changes);
+    });
 }
+
 bool Field::Enabled() const
 {
     return d_func()->m_Enabled;
 }
+
 void Field::setEnabled(bool enabled)
 {
-    d_func()->setEnabled(enabled);
+    Q_D(Field);
+    trap("Property 'Enabled' of Class Module 'Field'", [&] {
+        if (enabled == d->m_Enabled)
+            return;
+        d->m_Enabled = enabled;
+        if (!d->m_hasNameCell)
+            raise(ErrObjectRequired);
+        if (hasEditorType(d->m_FieldType)) {
+            d->kind();
+            d->m_editor.enabled = enabled;
+        }
+        d->showChanges();
+    });
 }
+
 bool Field::Visible() const
 {
     return d_func()->m_Visible;
 }
+
 void Field::setVisible(bool visible)
 {
-    d_func()->setVisible(visible);
+    Q_D(Field);
+    trap("Property 'Visible' of Class Module 'Field'", [&] {
+        if (visible == d->m_Visible)
+            return;
+        d->m_Visible = visible;
+        if (!d->m_hasNameCell)
+            raise(ErrObjectRequired);
+        if (hasEditorType(d->m_FieldType) && !d->m_editorKind)
+            raise(ErrObjectRequired);
+        d->Grid()->rowShownOrHidden(this);
+    });
 }
+
 OleColor Field::ForeColor() const
 {
     return d_func()->m_ForeColor;
 }
+
 void Field::setForeColor(OleColor color)
 {
-    d_func()->setForeColor(color);
+    d_func()->setColor("Property 'ForeColor' of Class Module 'Field'", &FieldPrivate::m_ForeColor,
+        &EditorState::foreColor, color);
 }
+
 OleColor Field::BackColor() const
 {
     return d_func()->m_BackColor;
 }
+
 void Field::setBackColor(OleColor color)
 {
-    d_func()->setBackColor(color);
+    d_func()->setColor("Property 'BackColor' of Class Module 'Field'", &FieldPrivate::m_BackColor,
+        &EditorState::backColor, color);
 }
+
 QString Field::InitDir() const
 {
-    return d_func()->InitDir();
+    return d_func()->pathSetting(
+        "Property 'InitDir' of Class Module 'Field'", &EditorState::initDir);
 }
+
 void Field::setInitDir(const QString &dir)
 {
-    d_func()->setInitDir(dir);
+    d_func()->setPathSetting(
+        "Property 'InitDir' of Class Module 'Field'", &EditorState::initDir, dir);
 }
+
 QString Field::Title() const
 {
-    return d_func()->Title();
+    return d_func()->pathSetting("Property 'Title' of Class Module 'Field'", &EditorState::title);
 }
+
 void Field::setTitle(const QString &title)
 {
-    d_func()->setTitle(title);
+    d_func()->setPathSetting(
+        "Property 'Title' of Class Module 'Field'", &EditorState::title, title);
 }
+
+// Unlike InitDir and Title, Filter does not look at the type: on any field but a file field
+// it fails for want of a file selector. Intended.
 QString Field::Filter() const
 {
-    return d_func()->Filter();
+    Q_D(const Field);
+    return trap("Property 'Filter' of Class Module 'Field'", [&]() -> QString {
+        if (d->m_FieldType != ftFileSelector)
+            raise(ErrObjectRequired);
+        d->kind();
+        return d->m_editor.filter;
+    });
 }
+
 void Field::setFilter(const QString &filter)
 {
-    d_func()->setFilter(filter);
+    Q_D(Field);
+    trap("Property 'Filter' of Class Module 'Field'", [&] {
+        if (d->m_FieldType != ftFileSelector)
+            raise(ErrObjectRequired);
+        d->kind();
+        d->m_editor.filter = filter;
+    });
 }
+
 kwFieldDeck::DropDownValues *Field::DropDownValues() const
 {
     return d_func()->DropDownValues();
 }
+
 void Field::SetFocus()
 {
-    d_func()->SetFocus();
+    Q_D(Field);
+    trap("Sub 'SetFocus' of Class Module 'Field'", [&] {
+        // A slider field does not take the focus this way: intended.
+        if (d->m_FieldType == ftSlider || !hasEditorType(d->m_FieldType))
+            return;
+        d->kind();
+        // A disabled text or number box keeps the focus where it is.
+        if ((d->m_FieldType == ftText || d->m_FieldType == ftNumeric) && !d->m_editor.enabled)
+            return;
+        d->Grid()->FocusRowEditor(this);
+    });
 }
 
 FieldPrivate::FieldPrivate(Field *field)
@@ -182,59 +342,6 @@ void FieldPrivate::showChanges()
         Grid()->rowChanged(q_ptr);
 }
 
-void FieldPrivate::setName(const QString &name)
-{
-    trap("Property 'Name' of Class Module 'Field'", [&] {
-        m_Name = name;
-        if (!m_hasNameCell)
-            raise(ErrObjectRequired);
-        showChanges();
-    });
-}
-
-void FieldPrivate::setDescription(const QString &description)
-{
-    trap("Property 'Description' of Class Module 'Field'", [&] {
-        m_Description = description;
-        if (!m_hasNameCell)
-            raise(ErrObjectRequired);
-        showChanges();
-    });
-}
-
-void FieldPrivate::setSize(qint32 size)
-{
-    trap("Property 'Size' of Class Module 'Field'", [&] {
-        m_Size = size;
-        if (m_FieldType != ftText)
-            return;
-        kind();
-        m_editor.maxLength = std::max(0, size);
-        showChanges();
-    });
-}
-
-void FieldPrivate::setFieldType(qint32 type)
-{
-    trap("Property 'FieldType' of Class Module 'Field'", [&] {
-        // A warning only: the type still changes below. Intended.
-        if (m_FieldType != 0)
-            MsgBox(QStringLiteral("Field:") + m_Name
-                    + QStringLiteral("\r\nCan't Change Field Type once it has already been set!"),
-                MsgBoxStyle::OKOnly, QString());
-        if (type == m_FieldType)
-            return;
-        m_FieldType = type;
-        Grid()->AddField(q_ptr);
-        m_hasNameCell = true;
-        // The editor of an earlier type stays on the grid: intended.
-        if (const FieldKind *kind = FieldKind::of(type))
-            createEditor(kind);
-        else
-            m_hasEditor = false;
-    });
-}
-
 // A failed creation leaves the editor made, with the state it starts with.
 void FieldPrivate::createEditor(const FieldKind *kind)
 {
@@ -261,199 +368,47 @@ QVariant FieldPrivate::Value() const
     });
 }
 
-void FieldPrivate::setValue(const QVariant &value)
-{
-    trap("Property 'Value' of Class Module 'Field'", [&] {
-        m_Value = value;
-        if (!hasEditorType(m_FieldType))
-            return;
-        Changes changes;
-        kind().showValue(m_Value, m_editor, changes);
-        showChanges();
-        reportChanges(changes);
-    });
-}
-
 void FieldPrivate::reportChanges(const Changes &changes)
 {
     for (const QVariant &changed : changes)
         ChangeChain(changed);
 }
 
-void FieldPrivate::setMin(const QVariant &min)
+void FieldPrivate::setColor(const char *source, OleColor FieldPrivate::*stored,
+    OleColor EditorState::*shown, OleColor color)
 {
-    trap("Property 'Min' of Class Module 'Field'", [&] {
-        m_Min = min;
-        Changes changes;
-        switch (m_FieldType) {
-        case ftDate:
-        case ftSlider:
-            kind().applyMin(m_Min, m_editor, changes);
-            break;
-        case ftText:
-            // Setting Min of a text field moves the focus to it: intended.
-            kind();
-            if (m_editor.enabled)
-                Grid()->FocusRowEditor(q_ptr);
-            return;
-        default:
-            return;
-        }
-        showChanges();
-        reportChanges(changes);
-    });
-}
-
-void FieldPrivate::setMax(const QVariant &max)
-{
-    trap("Property 'Max' of Class Module 'Field'", [&] {
-        m_Max = max;
-        if (m_FieldType != ftDate && m_FieldType != ftSlider)
-            return;
-        Changes changes;
-        kind().applyMax(m_Min, m_Max, m_editor, changes);
-        showChanges();
-        reportChanges(changes);
-    });
-}
-
-void FieldPrivate::setEnabled(bool enabled)
-{
-    trap("Property 'Enabled' of Class Module 'Field'", [&] {
-        if (enabled == m_Enabled)
-            return;
-        m_Enabled = enabled;
-        if (!m_hasNameCell)
-            raise(ErrObjectRequired);
-        if (hasEditorType(m_FieldType)) {
-            kind();
-            m_editor.enabled = enabled;
-        }
-        showChanges();
-    });
-}
-
-void FieldPrivate::setVisible(bool visible)
-{
-    trap("Property 'Visible' of Class Module 'Field'", [&] {
-        if (visible == m_Visible)
-            return;
-        m_Visible = visible;
-        if (!m_hasNameCell)
-            raise(ErrObjectRequired);
-        if (hasEditorType(m_FieldType) && !m_editorKind)
-            raise(ErrObjectRequired);
-        Grid()->rowShownOrHidden(q_ptr);
-    });
-}
-
-void FieldPrivate::setForeColor(OleColor color)
-{
-    trap("Property 'ForeColor' of Class Module 'Field'", [&] {
-        m_ForeColor = color;
+    trap(source, [&] {
+        this->*stored = color;
         // A date field only stores its colours: intended.
         if (m_FieldType == ftDate || !hasEditorType(m_FieldType))
             return;
         kind();
-        m_editor.foreColor = color;
+        m_editor.*shown = color;
         m_editor.colorsSet = true;
         showChanges();
     });
 }
 
-void FieldPrivate::setBackColor(OleColor color)
+// InitDir and Title belong to the file and folder editors; on any other type they read empty
+// and take nothing.
+QString FieldPrivate::pathSetting(const char *source, QString EditorState::*setting) const
 {
-    trap("Property 'BackColor' of Class Module 'Field'", [&] {
-        m_BackColor = color;
-        if (m_FieldType == ftDate || !hasEditorType(m_FieldType))
-            return;
-        kind();
-        m_editor.backColor = color;
-        m_editor.colorsSet = true;
-        showChanges();
-    });
-}
-
-void FieldPrivate::SetFocus()
-{
-    trap("Sub 'SetFocus' of Class Module 'Field'", [&] {
-        // A slider field does not take the focus this way: intended.
-        if (m_FieldType == ftSlider || !hasEditorType(m_FieldType))
-            return;
-        kind();
-        // A disabled text or number box keeps the focus where it is.
-        if ((m_FieldType == ftText || m_FieldType == ftNumeric) && !m_editor.enabled)
-            return;
-        Grid()->FocusRowEditor(q_ptr);
-    });
-}
-
-namespace {
-bool browsesPaths(qint32 type)
-{
-    return type == ftFileSelector || type == ftFolderSelector;
-}
-} // namespace
-
-QString FieldPrivate::InitDir() const
-{
-    return trap("Property 'InitDir' of Class Module 'Field'", [&]() -> QString {
+    return trap(source, [&]() -> QString {
         if (!browsesPaths(m_FieldType))
             return QString();
         kind();
-        return m_editor.initDir;
+        return m_editor.*setting;
     });
 }
 
-void FieldPrivate::setInitDir(const QString &dir)
+void FieldPrivate::setPathSetting(
+    const char *source, QString EditorState::*setting, const QString &text)
 {
-    trap("Property 'InitDir' of Class Module 'Field'", [&] {
+    trap(source, [&] {
         if (!browsesPaths(m_FieldType))
             return;
         kind();
-        m_editor.initDir = dir;
-    });
-}
-
-QString FieldPrivate::Title() const
-{
-    return trap("Property 'Title' of Class Module 'Field'", [&]() -> QString {
-        if (!browsesPaths(m_FieldType))
-            return QString();
-        kind();
-        return m_editor.title;
-    });
-}
-
-void FieldPrivate::setTitle(const QString &title)
-{
-    trap("Property 'Title' of Class Module 'Field'", [&] {
-        if (!browsesPaths(m_FieldType))
-            return;
-        kind();
-        m_editor.title = title;
-    });
-}
-
-// Unlike InitDir and Title, Filter does not look at the type: on any field but a file field
-// it fails for want of a file selector. Intended.
-QString FieldPrivate::Filter() const
-{
-    return trap("Property 'Filter' of Class Module 'Field'", [&]() -> QString {
-        if (m_FieldType != ftFileSelector)
-            raise(ErrObjectRequired);
-        kind();
-        return m_editor.filter;
-    });
-}
-
-void FieldPrivate::setFilter(const QString &filter)
-{
-    trap("Property 'Filter' of Class Module 'Field'", [&] {
-        if (m_FieldType != ftFileSelector)
-            raise(ErrObjectRequired);
-        kind();
-        m_editor.filter = filter;
+        m_editor.*setting = text;
     });
 }
 

@@ -35,26 +35,12 @@ public:
     void Kill();
 
     // The properties behind the public accessors.
-    void setName(const QString &name);
-    void setDescription(const QString &description);
-    void setSize(qint32 size);
-    void setFieldType(qint32 type);
     QVariant Value() const;
-    void setValue(const QVariant &value);
-    void setMin(const QVariant &min);
-    void setMax(const QVariant &max);
-    void setEnabled(bool enabled);
-    void setVisible(bool visible);
-    void setForeColor(OleColor color);
-    void setBackColor(OleColor color);
-    QString InitDir() const;
-    void setInitDir(const QString &dir);
-    QString Title() const;
-    void setTitle(const QString &title);
-    QString Filter() const;
-    void setFilter(const QString &filter);
     kwFieldDeck::DropDownValues *DropDownValues() const;
-    void SetFocus();
+    void setColor(const char *source, OleColor FieldPrivate::*stored, OleColor EditorState::*shown,
+        OleColor color);
+    QString pathSetting(const char *source, QString EditorState::*setting) const;
+    void setPathSetting(const char *source, QString EditorState::*setting, const QString &text);
     // The editor's combo entries grow by one; the selection stays.
     void addComboEntry(const QString &text, qint32 itemData);
     void setUseItemData(bool use);
