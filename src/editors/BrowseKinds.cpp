@@ -120,7 +120,8 @@ void BrowseKind::paint(const EditorPaint &paint, const EditorState &state) const
 
 QWidget *BrowseKind::createEditor(QWidget *parent, EditorEvents *events) const
 {
-    auto *field = new kwBrowseField(parent);
+    auto *field = new kwBrowseField(
+        m_browse == Browse::Memo ? kwBrowseField::Box::Memo : kwBrowseField::Box::Path, parent);
     switch (m_browse) {
     case Browse::File:
         field->setObjectName(QStringLiteral("kwFileSelectorField"));
@@ -130,10 +131,6 @@ QWidget *BrowseKind::createEditor(QWidget *parent, EditorEvents *events) const
         break;
     case Browse::Memo:
         field->setObjectName(QStringLiteral("kwMemoField"));
-        // The row shows only the placeholder; the text is edited in the memo window.
-        field->Text1->setReadOnly(true);
-        field->Text1->setProperty("kwRowKeys", true);
-        field->setBrowseOnF4(true);
         break;
     }
     QObject::connect(field, &kwBrowseField::Change, field, [events] { events->editorChanged(); });

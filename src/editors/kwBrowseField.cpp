@@ -18,16 +18,22 @@ constexpr double ButtonGap = 20;
 constexpr double BoxTop = 15;
 } // namespace
 
-kwBrowseField::kwBrowseField(QWidget *parent)
+kwBrowseField::kwBrowseField(Box box, QWidget *parent)
     : QWidget(parent)
     , Text1(new kwTextBox(this))
     , btnBrowse(new QPushButton(QStringLiteral("..."), this))
+    , m_browseOnF4(box == Box::Memo)
 {
     // The surface is opaque in the canvas colour, as the idle row is painted.
     setAutoFillBackground(true);
     Text1->setObjectName(QStringLiteral("Text1"));
     btnBrowse->setObjectName(QStringLiteral("btnBrowse"));
     btnBrowse->setAutoDefault(false);
+    if (box == Box::Memo) {
+        // The text is edited in the memo window; Up and Down in the box move between rows.
+        Text1->setReadOnly(true);
+        Text1->setProperty("kwRowKeys", true);
+    }
     Text1->installEventFilter(this);
     btnBrowse->installEventFilter(this);
     connect(Text1, &kwTextBox::Change, this, &kwBrowseField::Change);

@@ -13,10 +13,9 @@ class kwBrowseField : public QWidget
 {
     Q_OBJECT
 public:
-    explicit kwBrowseField(QWidget *parent = nullptr);
-
-    // F4 in the box browses too (a memo's).
-    void setBrowseOnF4(bool browse) { m_browseOnF4 = browse; }
+    // A memo's box only shows a placeholder, and F4 in it browses too.
+    enum class Box { Path, Memo };
+    explicit kwBrowseField(Box box, QWidget *parent = nullptr);
 
     kwTextBox *const Text1;
     QPushButton *const btnBrowse;
@@ -33,7 +32,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool m_browseOnF4 = false;
+    const bool m_browseOnF4;
 };
 
 } // namespace kwFieldDeck
