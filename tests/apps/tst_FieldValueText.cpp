@@ -5,7 +5,6 @@
 
 #include "TestSupport.h"
 
-#include <kwFieldDeck/Field>
 #include <kwFieldDeck/FieldValue>
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/kwPropertyControl>
@@ -14,9 +13,7 @@
 
 using namespace kwFieldDeck;
 
-namespace {
-const QDate June1(2024, 6, 1);
-} // namespace
+static const QDate June1(2024, 6, 1);
 
 class tst_FieldValueText : public QObject
 {

@@ -8,13 +8,20 @@
 
 #include <kwFieldDeck/HostHooks>
 
-#include <QMessageBox>
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace kwFieldDeck;
+using namespace Qt::StringLiterals;
 
 namespace {
+struct Box
+{
+    int style;
+    const char *title;
+    int icon, buttons, clicked, answer;
+};
+
 // Calls the message-box handler installed now, as the library calls it for a box.
 int askInstalledHandler(const QString &prompt, int style, const QString &title = {})
 {
@@ -44,10 +51,10 @@ private slots:
         QFETCH(int, style);
         QFETCH(int, answer);
         FormMessages messages(true);
-        messages.setPathAlias(QStringLiteral("/tmp/copy/a.kwdef"), QStringLiteral("/home/a.kwdef"));
-        QCOMPARE(askInstalledHandler(QStringLiteral("Open /tmp/copy/a.kwdef?"), style), answer);
+        messages.setPathAlias(u"/tmp/copy/a.kwdef"_s, u"/home/a.kwdef"_s);
+        QCOMPARE(askInstalledHandler(u"Open /tmp/copy/a.kwdef?"_s, style), answer);
         messages.setPathAlias(QString(), QString());
-        askInstalledHandler(QStringLiteral("Plain"), style);
+        askInstalledHandler(u"Plain"_s, style);
         QCOMPARE(messages.messages(), QStringList({ "Open /home/a.kwdef?", "Plain" }));
     }
 
@@ -57,52 +64,44 @@ private slots:
         const test::MessageRecorder before(MsgBoxResult::No);
         {
             FormMessages messages(false);
-            messages.setPathAlias(QStringLiteral("/tmp/copy"), QStringLiteral("/home"));
+            messages.setPathAlias(u"/tmp/copy"_s, u"/home"_s);
             const int style = MsgBoxStyle::YesNo + MsgBoxStyle::Question;
-            QCOMPARE(askInstalledHandler(QStringLiteral("Keep /tmp/copy?"), style, "Title"),
-                MsgBoxResult::No);
+            QCOMPARE(askInstalledHandler(u"Keep /tmp/copy?"_s, style, "Title"), MsgBoxResult::No);
             QCOMPARE(before.messages.size(), 1);
             QCOMPARE(before.messages.at(0).style, style);
-            QCOMPARE(before.messages.at(0).title, QStringLiteral("Title"));
+            QCOMPARE(before.messages.at(0).title, u"Title"_s);
             QCOMPARE(messages.messages(), QStringList { "Keep /home?" });
         }
-        askInstalledHandler(QStringLiteral("After"), MsgBoxStyle::OKOnly);
+        askInstalledHandler(u"After"_s, MsgBoxStyle::OKOnly);
         QCOMPARE(before.prompts(), QStringList({ "Keep /home?", "After" }));
     }
 
     // Its icon, buttons and title (the program's name when none is given); the click answers.
     void withADisplayTheLibrarysBoxIsShown_data()
     {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<int>("icon");
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<int>("clicked");
-        QTest::addColumn<int>("answer");
+        QTest::addColumn<Box>("row");
         const int ok = QMessageBox::Ok, yesNo = QMessageBox::Yes | QMessageBox::No;
-        auto row = [](const char *name, int style, const char *title, QMessageBox::Icon icon,
-                       int buttons, QMessageBox::StandardButton clicked, int answer) {
-            QTest::newRow(name) << style << title << int(icon) << buttons << int(clicked) << answer;
-        };
-        row("critical, OK", MsgBoxStyle::Critical, "kwPropertyControl", QMessageBox::Critical, ok,
-            QMessageBox::Ok, MsgBoxResult::OK);
-        row("no icon, no title", MsgBoxStyle::OKOnly, "", QMessageBox::NoIcon, ok, QMessageBox::Ok,
-            MsgBoxResult::OK);
-        row("question, No", MsgBoxStyle::Question + MsgBoxStyle::YesNo, "Ask",
-            QMessageBox::Question, yesNo, QMessageBox::No, MsgBoxResult::No);
-        row("information, Yes", MsgBoxStyle::Information + MsgBoxStyle::YesNo, "Ask",
-            QMessageBox::Information, yesNo, QMessageBox::Yes, MsgBoxResult::Yes);
-        row("exclamation, Cancel", MsgBoxStyle::Exclamation + MsgBoxStyle::OKCancel, "Warn",
-            QMessageBox::Warning, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel,
-            MsgBoxResult::Cancel);
+        const auto row = [](const char *name, const Box &box) { QTest::newRow(name) << box; };
+        using M = QMessageBox;
+        row("critical, OK",
+            { MsgBoxStyle::Critical, "kwPropertyControl", M::Critical, ok, M::Ok,
+                MsgBoxResult::OK });
+        row("no icon, no title",
+            { MsgBoxStyle::OKOnly, "", M::NoIcon, ok, M::Ok, MsgBoxResult::OK });
+        row("question, No",
+            { MsgBoxStyle::Question + MsgBoxStyle::YesNo, "Ask", M::Question, yesNo, M::No,
+                MsgBoxResult::No });
+        row("information, Yes",
+            { MsgBoxStyle::Information + MsgBoxStyle::YesNo, "Ask", M::Information, yesNo, M::Yes,
+                MsgBoxResult::Yes });
+        row("exclamation, Cancel",
+            { MsgBoxStyle::Exclamation + MsgBoxStyle::OKCancel, "Warn", M::Warning,
+                M::Ok | M::Cancel, M::Cancel, MsgBoxResult::Cancel });
     }
 
     void withADisplayTheLibrarysBoxIsShown()
     {
-        QFETCH(int, style);
-        QFETCH(QString, title);
-        QFETCH(int, clicked);
-        QFETCH(int, answer);
+        QFETCH(Box, row);
         const MessageBoxHandler before = setMessageBoxHandler({});
         FormMessages messages(false);
         // Always answered, so a wrong box fails below rather than leaving the test waiting.
@@ -114,19 +113,17 @@ private slots:
                 return;
             shown = { int(box->icon()), int(box->standardButtons()), box->windowTitle(),
                 box->text() };
-            if (QAbstractButton *button = box->button(QMessageBox::StandardButton(clicked)))
+            if (QAbstractButton *button = box->button(QMessageBox::StandardButton(row.clicked)))
                 button->click();
             else
                 box->reject();
         });
         poll.start(10);
-        QCOMPARE(askInstalledHandler(QStringLiteral("The prompt"), style, title), answer);
+        QCOMPARE(askInstalledHandler(u"The prompt"_s, row.style, row.title), row.answer);
         setMessageBoxHandler(before);
-        QFETCH(int, icon);
-        QFETCH(int, buttons);
         QCOMPARE(shown,
-            QVariantList({ icon, buttons,
-                title.isEmpty() ? QCoreApplication::applicationName() : title, "The prompt" }));
+            QVariantList({ row.icon, row.buttons,
+                *row.title ? row.title : QCoreApplication::applicationName(), "The prompt" }));
         QCOMPARE(messages.messages(), QStringList { "The prompt" });
     }
 };

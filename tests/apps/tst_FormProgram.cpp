@@ -20,10 +20,7 @@ const QByteArray ThreeFields = "Property Control Definition File\n"
                                "ADDFIELD Notes\nTYPE=MEMO\nVALUE=first\nENDFIELD\n"
                                "ADDFIELD Size\nTYPE=NUMERIC\nVALUE=12\nENDFIELD\n";
 
-QByteArray crLf(QByteArray lfText)
-{
-    return lfText.replace("\n", "\r\n");
-}
+const auto crLf = [](QByteArray lfText) { return lfText.replace("\n", "\r\n"); };
 } // namespace
 
 class tst_FormProgram : public QObject

@@ -8,19 +8,10 @@
 #include <kwFieldDeck/Fields>
 #include <kwFieldDeck/kwPropertyControl>
 
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace kwFieldDeck;
-
-static void addRows(FormWindow &window, int count)
-{
-    for (int i = 1; i <= count; ++i)
-        window.grid()->Fields()->Add(QStringLiteral("Row %1").arg(i), ftText, 0,
-            QStringLiteral("value %1").arg(i), QStringLiteral("About row %1").arg(i));
-}
 
 class tst_FormWindow : public QObject
 {
@@ -42,7 +33,8 @@ private slots:
         QFETCH(QString, action);
         QFETCH(int, result);
         FormWindow window;
-        addRows(window, 2);
+        for (const char *name : { "Row 1", "Row 2" })
+            window.grid()->Fields()->Add(name, ftText, 0, "value", "About the row");
         window.fitToFields();
         // A result that no action gives, so a window that ignores the action is caught.
         window.setResult(-1);
