@@ -5,9 +5,7 @@
 
 #include "TestSupport.h"
 
-#include <kwFieldDeck/FieldValue>
-#include <kwFieldDeck/Fields>
-#include <kwFieldDeck/kwPropertyControl>
+#include <kwFieldDeck/kwFieldDeck>
 
 #include <QtTest>
 

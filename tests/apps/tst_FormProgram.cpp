@@ -2,9 +2,6 @@
 
 #include "TestSupport.h"
 
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {

@@ -1,8 +1,6 @@
 // Loads the Designer plugin as Qt Designer does and creates the grid through it.
 
-#include <kwFieldDeck/Field>
-#include <kwFieldDeck/Fields>
-#include <kwFieldDeck/kwPropertyControl>
+#include <kwFieldDeck/kwFieldDeck>
 
 #include "ui_GridColorsForm.h"
 #include "ui_GridDefinitionForm.h"

@@ -107,13 +107,17 @@ private slots:
         }
     }
 
-    // Copy and Cut follow the selection on the status tick; the desktop's clipboard holds LF.
-    void cutAndPasteGoThroughTheClipboardWhileCopyAndCutFollowTheSelection()
+    // The window sees its keys first: Ctrl+A selects all the text wherever the focus is. Copy and
+    // Cut follow the selection on the status tick; the desktop's clipboard holds LF.
+    void ctrlASelectsAllForCutAndPasteThroughTheClipboard()
     {
         frmMemo memo;
         QVERIFY(showActive(memo, u"a\r\nb"_s));
         QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
-        QTest::keyClick(memo.txtMemo, Qt::Key_A, Qt::ControlModifier);
+        memo.setFocus();
+        QTRY_VERIFY(memo.hasFocus());
+        QTest::keyClick(&memo, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(memo.txtMemo->textCursor().selectedText().size(), 3);
         QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
         memo.mnuCut->trigger();
         QCOMPARE(QGuiApplication::clipboard()->text(), u"a\nb"_s);
@@ -122,17 +126,6 @@ private slots:
         memo.mnuPaste->trigger();
         memo.mnuPaste->trigger();
         QCOMPARE(memo.Value(), u"a\r\nba\r\nb"_s);
-    }
-
-    // The window sees its keys first: Ctrl+A selects all the text wherever the focus is.
-    void ctrlASelectsAllWhereverTheFocusIs()
-    {
-        frmMemo memo;
-        QVERIFY(showActive(memo, u"a\r\nb"_s));
-        memo.setFocus();
-        QTRY_VERIFY(memo.hasFocus());
-        QTest::keyClick(&memo, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(memo.txtMemo->textCursor().selectedText().size(), 3);
     }
 
     void droppedFilesReplaceTheTextOnlyWhenOneExists()
