@@ -1,5 +1,4 @@
-// The form program's text of field values: the library's value conversions it prints with, for
-// each kind of value and field type, and the lines and JSON object made of them.
+// The form program's text of field values, by kind and field type, as lines and as JSON.
 
 #include "FieldValueText.h"
 
@@ -92,9 +91,8 @@ private slots:
             QCOMPARE(error.number, 13);
     }
 
-    // Presets reach fields in any case, as text (a date field that shows the date already keeps
-    // the text); the lines and JSON follow the grid's order, a line break is the marker on a line
-    // and LF in JSON, a number is no text in JSON and a date field's value that is no date is "".
+    // Presets reach fields in any case, as text (a date field keeps it); lines and JSON keep the
+    // grid's order, a line break is the marker or LF, a number no text, a non-date date "".
     void printsPresetFieldsAsLinesAndAsJson()
     {
         kwPropertyControl grid;

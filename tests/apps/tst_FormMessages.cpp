@@ -1,6 +1,4 @@
-// The form program's answer to the library's message boxes: each message is kept with the
-// user's path in it; with a display the box is shown (or a handler installed before answers),
-// without one the default button answers.
+// The form program's answer to the library's message boxes, with a display and without one.
 
 #include "FormMessages.h"
 

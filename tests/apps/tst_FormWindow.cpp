@@ -49,8 +49,8 @@ private slots:
         QVERIFY(!window.isVisible());
     }
 
-    // The window opens with the first row's description below the grid, as --screenshot shows
-    // it; each shipped definition loads without a message and gives every row a help text.
+    // Each shipped definition loads without a message, every row with a help text, and opens
+    // with the first row's description below the grid, as --screenshot shows it.
     void theFirstRowsDescriptionShowsBelowTheGrid_data()
     {
         QTest::addColumn<QString>("definition");

@@ -61,9 +61,8 @@ private slots:
         QApplication::setPalette(m_palette);
     }
 
-    // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget
-    // Designer places names the same class; a tool tip for a property Designer does not list is
-    // never seen.
+    // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget placed
+    // names the same class; no tool tip is for a property that Designer does not list.
     void offersARunningGridInItsOwnGroupWithAnIcon()
     {
         QCOMPARE(m_plugin->group(), u"kwFieldDeck"_s);
@@ -113,8 +112,7 @@ private slots:
         }
     }
 
-    // A .ui file as Designer saves it, compiled by uic into this test; code keeps the fractions
-    // of the twip sizes that Designer shows whole.
+    // A .ui file compiled by uic; code keeps the fractions of the sizes Designer shows whole.
     void uicFormSetsTheAppearance()
     {
         QWidget form;
@@ -131,9 +129,8 @@ private slots:
         QCOMPARE(grid->RowHeight(), 330.6f);
     }
 
-    // The QColor reads as painted (a system colour through the palette) and is written as an
-    // OleColor without alpha; an invalid one or its reset gives the system colour back, which
-    // then follows a changed theme.
+    // The QColor reads as painted and is written without alpha; an invalid one or a reset gives
+    // back the system colour, which follows a changed theme.
     void colourShowsOnceInDesignerAsItShowsOnScreen_data()
     {
         QTest::addColumn<Colour>("row");
@@ -200,8 +197,7 @@ private slots:
         QCOMPARE(ui.defaultsControl->property(row.oleName), QVariant(row.systemDefault));
     }
 
-    // Designer shows each code by name; the name and the saved number (the property of the
-    // capitalised name) are one value, each name standing for its position in the list.
+    // A code shown by name is one value with its saved number (the capitalised property).
     void codeShowsByNameAndSavesItsNumber_data()
     {
         QTest::addColumn<QStringList>("keys");

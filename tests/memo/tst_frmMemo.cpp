@@ -259,8 +259,7 @@ private slots:
     }
 };
 
-// Run as "--print-font", the program prints the font a new memo window takes from the settings
-// store, so that a test can check what another process remembers.
+// Run as "--print-font", it prints the font a new memo window takes from the settings store.
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
