@@ -204,26 +204,19 @@ private slots:
     }
 
     // Each message is kept, a stand-in's path shown as the user's while there is one.
-    void withoutADisplayTheDefaultButtonAnswers_data()
-    {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("OK") << MsgBoxStyle::OKOnly << MsgBoxResult::OK;
-        QTest::newRow("OK, Cancel")
-            << MsgBoxStyle::OKCancel + MsgBoxStyle::Exclamation << MsgBoxResult::OK;
-        QTest::newRow("Yes, No") << MsgBoxStyle::YesNo + MsgBoxStyle::Question << MsgBoxResult::Yes;
-    }
-
     void withoutADisplayTheDefaultButtonAnswers()
     {
-        QFETCH(int, style);
-        QFETCH(int, answer);
-        FormMessages messages(true);
-        messages.setPathAlias(u"/tmp/copy/a.kwdef"_s, u"/home/a.kwdef"_s);
-        QCOMPARE(askInstalledHandler(u"Open /tmp/copy/a.kwdef?"_s, style), answer);
-        messages.setPathAlias(QString(), QString());
-        askInstalledHandler(u"Plain"_s, style);
-        QCOMPARE(messages.messages(), QStringList({ "Open /home/a.kwdef?", "Plain" }));
+        const std::pair<int, int> boxes[] = { { MsgBoxStyle::OKOnly, MsgBoxResult::OK },
+            { MsgBoxStyle::OKCancel + MsgBoxStyle::Exclamation, MsgBoxResult::OK },
+            { MsgBoxStyle::YesNo + MsgBoxStyle::Question, MsgBoxResult::Yes } };
+        for (const auto &[style, answer] : boxes) {
+            FormMessages messages(true);
+            messages.setPathAlias(u"/tmp/copy/a.kwdef"_s, u"/home/a.kwdef"_s);
+            QCOMPARE(askInstalledHandler(u"Open /tmp/copy/a.kwdef?"_s, style), answer);
+            messages.setPathAlias(QString(), QString());
+            askInstalledHandler(u"Plain"_s, style);
+            QCOMPARE(messages.messages(), QStringList({ "Open /home/a.kwdef?", "Plain" }));
+        }
     }
 
     // And is installed again when the program's handler goes.

@@ -32,13 +32,6 @@ struct Colour
     QPoint painted;
 };
 
-QPalette darkPalette()
-{
-    QPalette dark(QColor(0x30, 0x30, 0x38));
-    dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
-    dark.setColor(QPalette::Text, QColor(0xE8, 0xE8, 0xE0));
-    return dark;
-}
 } // namespace
 
 class tst_kwPropertyControlPlugin : public QObject
@@ -59,6 +52,8 @@ private slots:
         m_palette.setColor(QPalette::Text, QColor(0x10, 0x60, 0x30));
         m_palette.setColor(QPalette::Highlight, QColor(0xAA, 0x11, 0x55));
         QApplication::setPalette(m_palette);
+        m_dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
+        m_dark.setColor(QPalette::Text, QColor(0xE8, 0xE8, 0xE0));
     }
 
     // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget placed
@@ -184,10 +179,10 @@ private slots:
         QVERIFY(qt.reset(grid));
         QCOMPARE(grid->property(row.oleName).value<OleColor>(), row.systemDefault);
         QCOMPARE(read(), byDefault(m_palette));
-        QApplication::setPalette(darkPalette());
+        QApplication::setPalette(m_dark);
         const QColor afterThemeChange = read();
         QApplication::setPalette(m_palette);
-        QCOMPARE(afterThemeChange, byDefault(darkPalette()));
+        QCOMPARE(afterThemeChange, byDefault(m_dark));
 
         QWidget form;
         Ui::GridColorsForm ui;
@@ -261,7 +256,7 @@ private slots:
 
 private:
     QDesignerCustomWidgetInterface *m_plugin = nullptr;
-    QPalette m_palette;
+    QPalette m_palette, m_dark { QColor(0x30, 0x30, 0x38) };
 };
 
 QTEST_MAIN(tst_kwPropertyControlPlugin)

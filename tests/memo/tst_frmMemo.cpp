@@ -17,10 +17,9 @@ QString fontOf(const frmMemo &memo)
     return memo.txtMemo->font().family() + '|' + QString::number(memo.txtMemo->font().pointSizeF());
 }
 
-void store(const char *key, const QString &value)
-{
+const auto store = [](const char *key, const QString &value) {
     SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
-}
+};
 
 struct Typing
 {
