@@ -2,9 +2,6 @@
 
 #include "TestSupport.h"
 
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -20,10 +17,7 @@ const QByteArray ThreeFields = "Property Control Definition File\n"
                                "ADDFIELD Notes\nTYPE=MEMO\nVALUE=first\nENDFIELD\n"
                                "ADDFIELD Size\nTYPE=NUMERIC\nVALUE=12\nENDFIELD\n";
 
-QByteArray crLf(QByteArray lfText)
-{
-    return lfText.replace("\n", "\r\n");
-}
+const auto crLf = [](QByteArray lfText) { return lfText.replace("\n", "\r\n"); };
 } // namespace
 
 class tst_FormProgram : public QObject
@@ -47,8 +41,7 @@ private slots:
             QVERIFY2(help.out.contains(QLatin1String(text)), text);
     }
 
-    // --screenshot prints as OK does. The showcase finds the combo database beside it from any
-    // working folder, as the README runs it.
+    // --screenshot prints as OK does; the showcase finds its combo database from any folder.
     void printsTheValuesAndExitsZero_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -92,8 +85,7 @@ private slots:
         QVERIFY(!shot || (image.width() > 300 && image.height() > 3 * 20));
     }
 
-    // Every message box and error report of the load, one line each with the block being read,
-    // in order; the same with no display at all, where a window could not be shown.
+    // Each message of the load, one line with its block, in order; the same with no display.
     void checkPrintsEachMessageOfTheLoadWithItsField_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -107,9 +99,8 @@ private slots:
             "ADDFIELD Size\nTYPE=COMBO\nDESCRIPTION=How big\nADDCOMBOITEMS\n1=Small\n"
             "DESCRIPTION=Pick one\nDESCRIPTION=Pick one size\nENDCOMBOITEMS\nENDFIELD\n")
                                << QStringList();
-        // Port stays open after its bad type and is completed by the second ENDFIELD; Host stays
-        // open without a type and takes Colour's keys; the overflow sits between two blocks and
-        // ends the reading, so Never is not read.
+        // Port stays open after its bad type until the second ENDFIELD; Host, open without a type,
+        // takes Colour's keys; the overflow between two blocks ends the reading before Never.
         QTest::newRow("several faulty blocks, LF line ends")
             << QByteArray("Property Control Definition File\n"
                           "ADDFIELD Port\nTYPE=INTEGER\nENDFIELD\nTYPE=NUMERIC\nENDFIELD\n"
@@ -174,9 +165,8 @@ private slots:
         }
     }
 
-    // Presets find fields in any letter case and are converted by the field's type; --store
-    // saves them, and restores them in the next run (also after the file, with LF line ends);
-    // presets win over what was stored.
+    // Presets find fields in any case, converted by type; --store restores them in the next run
+    // (also after the file, with LF line ends); presets win over what was stored.
     void presetsAreStoredAndComeBackInTheNextRun()
     {
         QTemporaryDir config;

@@ -1,43 +1,37 @@
 // Loads the Designer plugin as Qt Designer does and creates the grid through it.
 
-#include <kwFieldDeck/Field>
-#include <kwFieldDeck/Fields>
-#include <kwFieldDeck/kwPropertyControl>
+#include <kwFieldDeck/kwFieldDeck>
 
 #include "ui_GridColorsForm.h"
 #include "ui_GridDefinitionForm.h"
 #include "ui_GridForm.h"
 
-#include <QApplication>
-#include <QFileInfo>
-#include <QMetaEnum>
-#include <QMetaProperty>
-#include <QPluginLoader>
-#include <QSignalSpy>
 #ifdef KW_WITH_UI_LOADER
 #include <QUiLoader>
 #endif
-#include <QXmlStreamReader>
 #include <QtTest>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
+#include <QtWidgets>
 
 using namespace kwFieldDeck;
+using namespace Qt::StringLiterals;
 
 namespace {
 const QMetaObject &Meta = kwPropertyControl::staticMetaObject;
 
-QMetaProperty metaProperty(const char *name)
-{
-    return Meta.property(Meta.indexOfProperty(name));
-}
+const auto metaProperty
+    = [](const char *name) { return Meta.property(Meta.indexOfProperty(name)); };
 
-QPalette darkPalette()
+// A colour property under its two names, as the grid reads it and paints it.
+struct Colour
 {
-    QPalette dark(QColor(0x30, 0x30, 0x38));
-    dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
-    dark.setColor(QPalette::Text, QColor(0xE8, 0xE8, 0xE0));
-    return dark;
-}
+    const char *qtName, *oleName;
+    OleColor systemDefault;
+    int role; // of the default; -1: black in any palette
+    OleColor saved; // by GridColorsForm.ui
+    QPoint painted;
+};
+
 } // namespace
 
 class tst_kwPropertyControlPlugin : public QObject
@@ -58,16 +52,17 @@ private slots:
         m_palette.setColor(QPalette::Text, QColor(0x10, 0x60, 0x30));
         m_palette.setColor(QPalette::Highlight, QColor(0xAA, 0x11, 0x55));
         QApplication::setPalette(m_palette);
+        m_dark.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
+        m_dark.setColor(QPalette::Text, QColor(0xE8, 0xE8, 0xE0));
     }
 
-    // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget
-    // Designer places names the same class; a tool tip for a property Designer does not list is
-    // never seen.
+    // The grid made without Designer's form editor (as QUiLoader makes it) runs; the widget placed
+    // names the same class; no tool tip is for a property that Designer does not list.
     void offersARunningGridInItsOwnGroupWithAnIcon()
     {
-        QCOMPARE(m_plugin->group(), QStringLiteral("kwFieldDeck"));
-        QCOMPARE(m_plugin->name(), QStringLiteral("kwFieldDeck::kwPropertyControl"));
-        QCOMPARE(m_plugin->includeFile(), QStringLiteral("kwFieldDeck/kwPropertyControl"));
+        QCOMPARE(m_plugin->group(), u"kwFieldDeck"_s);
+        QCOMPARE(m_plugin->name(), u"kwFieldDeck::kwPropertyControl"_s);
+        QCOMPARE(m_plugin->includeFile(), u"kwFieldDeck/kwPropertyControl"_s);
         QVERIFY(!m_plugin->icon().pixmap(32, 32).isNull());
         QXmlStreamReader xml(m_plugin->domXml());
         QVERIFY(xml.readNextStartElement() && xml.readNextStartElement());
@@ -112,111 +107,92 @@ private slots:
         }
     }
 
-    // A .ui file as Designer saves it, compiled by uic into this test; code keeps the fractions
-    // of the twip sizes that Designer shows whole.
+    // A .ui file compiled by uic; code keeps the fractions of the sizes Designer shows whole.
     void uicFormSetsTheAppearance()
     {
         QWidget form;
         Ui::GridForm ui;
         ui.setupUi(&form);
         kwPropertyControl *grid = ui.propertyControl;
-        QCOMPARE(grid->BackColor(), OleColor(0x336699));
-        QCOMPARE(grid->FieldNameWidth(), 1500.0f);
-        QCOMPARE(grid->RowHeight(), 400.0f);
-        QCOMPARE(grid->Appearance(), qint16(0));
-        QCOMPARE(grid->FieldNameForeColor(), OleColor(128));
-        QCOMPARE(grid->Font().family(), QStringLiteral("DejaVu Serif"));
-        QCOMPARE(grid->Font().pointSize(), 13);
+        QCOMPARE((QVariantList { grid->BackColor(), grid->FieldNameWidth(), grid->RowHeight(),
+                     grid->Appearance(), grid->FieldNameForeColor(), grid->Font().family(),
+                     grid->Font().pointSize() }),
+            (QVariantList { OleColor(0x336699), 1500.0f, 400.0f, qint16(0), OleColor(128),
+                u"DejaVu Serif"_s, 13 }));
         grid->setRowHeight(330.6f);
         QCOMPARE(grid->property("RowHeight"), QVariant(331));
         QCOMPARE(grid->RowHeight(), 330.6f);
     }
 
-    // The QColor reads as painted (a system colour through the palette) and is written as an
-    // OleColor without alpha; an invalid one or its reset gives the system colour back, which
-    // then follows a changed theme.
+    // The QColor reads as painted and is written without alpha; an invalid one or a reset gives
+    // back the system colour, which follows a changed theme.
     void colourShowsOnceInDesignerAsItShowsOnScreen_data()
     {
-        QTest::addColumn<QByteArray>("qtName");
-        QTest::addColumn<QByteArray>("oleName");
-        QTest::addColumn<OleColor>("systemDefault");
-        QTest::addColumn<int>("role"); // of the default; -1: black in any palette
-        QTest::addColumn<OleColor>("saved"); // by GridColorsForm.ui
+        QTest::addColumn<Colour>("row");
         // Sampled away from borders and text; rows are 20 pixels apart, the name column is 50
         // wide inside a sunken border, and the first row holds the focus and its highlight.
-        QTest::addColumn<QPoint>("painted");
-        QTest::newRow("BackColor")
-            << QByteArray("backgroundColor") << QByteArray("BackColor") << OleColor(0x8000000F)
-            << int(QPalette::Button) << OleColor(0x00204080) << QPoint(150, 120);
-        QTest::newRow("ForeColor") << QByteArray("foregroundColor") << QByteArray("ForeColor")
-                                   << OleColor(0) << -1 << OleColor(0x00102030) << QPoint();
-        QTest::newRow("FieldNameBackColor")
-            << QByteArray("fieldNameBackgroundColor") << QByteArray("FieldNameBackColor")
-            << OleColor(0x80000005) << int(QPalette::Base) << OleColor(0x00C0E0FF)
-            << QPoint(46, 32);
-        QTest::newRow("FieldNameForeColor")
-            << QByteArray("fieldNameForegroundColor") << QByteArray("FieldNameForeColor")
-            << OleColor(0x80000008) << int(QPalette::Text) << OleColor(0x00000080) << QPoint();
+        QTest::newRow("BackColor") << Colour { "backgroundColor", "BackColor", 0x8000000F,
+            QPalette::Button, 0x00204080, QPoint(150, 120) };
+        QTest::newRow("ForeColor")
+            << Colour { "foregroundColor", "ForeColor", 0, -1, 0x00102030, QPoint() };
+        QTest::newRow("FieldNameBackColor") << Colour { "fieldNameBackgroundColor",
+            "FieldNameBackColor", 0x80000005, QPalette::Base, 0x00C0E0FF, QPoint(46, 32) };
+        QTest::newRow("FieldNameForeColor") << Colour { "fieldNameForegroundColor",
+            "FieldNameForeColor", 0x80000008, QPalette::Text, 0x00000080, QPoint() };
     }
 
     void colourShowsOnceInDesignerAsItShowsOnScreen()
     {
-        QFETCH(QByteArray, qtName);
-        QFETCH(QByteArray, oleName);
-        QFETCH(OleColor, systemDefault);
-        QFETCH(int, role);
-        QFETCH(OleColor, saved);
-        QFETCH(QPoint, painted);
-        const QMetaProperty qt = metaProperty(qtName), ole = metaProperty(oleName);
+        QFETCH(Colour, row);
+        const QMetaProperty qt = metaProperty(row.qtName), ole = metaProperty(row.oleName);
         QCOMPARE(qt.metaType(), QMetaType::fromType<QColor>());
         QVERIFY(qt.isDesignable() && qt.isStored() && qt.isResettable());
         QVERIFY(!ole.isDesignable() && ole.isStored() && ole.isWritable());
-        const auto byDefault = [role](const QPalette &palette) {
-            return role < 0 ? QColor(Qt::black) : palette.color(QPalette::ColorRole(role));
+        const auto byDefault = [&row](const QPalette &palette) {
+            return row.role < 0 ? QColor(Qt::black) : palette.color(QPalette::ColorRole(row.role));
         };
 
         QWidget window;
         window.resize(400, 250);
         auto *grid = new kwPropertyControl(&window);
-        const auto read = [grid, qtName] { return grid->property(qtName).value<QColor>(); };
+        const auto read = [grid, &row] { return grid->property(row.qtName).value<QColor>(); };
         QCOMPARE(read(), byDefault(m_palette));
-        if (!painted.isNull()) {
+        if (!row.painted.isNull()) {
             grid->setGeometry(0, 0, 400, 250);
-            grid->Fields()->Add(QStringLiteral("A"), ftText);
-            grid->Fields()->Add(QStringLiteral("B"), ftText);
+            grid->Fields()->Add(u"A"_s, ftText);
+            grid->Fields()->Add(u"B"_s, ftText);
             grid->Refresh(true);
             window.show();
             QVERIFY(QTest::qWaitForWindowExposed(&window));
-            QCOMPARE(grid->grab().toImage().pixelColor(painted), read());
+            QCOMPARE(grid->grab().toImage().pixelColor(row.painted), read());
         }
-        grid->setProperty(oleName, OleColor(0x00336699));
+        grid->setProperty(row.oleName, OleColor(0x00336699));
         QCOMPARE(read(), QColor(0x99, 0x66, 0x33));
-        grid->setProperty(oleName, OleColor(0x8000000D)); // the highlight
+        grid->setProperty(row.oleName, OleColor(0x8000000D)); // the highlight
         QCOMPARE(read(), m_palette.color(QPalette::Highlight));
-        QVERIFY(grid->setProperty(qtName, QColor(0x11, 0x22, 0x33, 0x80)));
-        QCOMPARE(grid->property(oleName).value<OleColor>(), OleColor(0x00332211));
+        QVERIFY(grid->setProperty(row.qtName, QColor(0x11, 0x22, 0x33, 0x80)));
+        QCOMPARE(grid->property(row.oleName).value<OleColor>(), OleColor(0x00332211));
         QCOMPARE(read(), QColor(0x11, 0x22, 0x33));
-        QVERIFY(grid->setProperty(qtName, QColor()));
-        QCOMPARE(grid->property(oleName).value<OleColor>(), systemDefault);
-        grid->setProperty(qtName, QColor(Qt::red));
+        QVERIFY(grid->setProperty(row.qtName, QColor()));
+        QCOMPARE(grid->property(row.oleName).value<OleColor>(), row.systemDefault);
+        grid->setProperty(row.qtName, QColor(Qt::red));
         QVERIFY(qt.reset(grid));
-        QCOMPARE(grid->property(oleName).value<OleColor>(), systemDefault);
+        QCOMPARE(grid->property(row.oleName).value<OleColor>(), row.systemDefault);
         QCOMPARE(read(), byDefault(m_palette));
-        QApplication::setPalette(darkPalette());
+        QApplication::setPalette(m_dark);
         const QColor afterThemeChange = read();
         QApplication::setPalette(m_palette);
-        QCOMPARE(afterThemeChange, byDefault(darkPalette()));
+        QCOMPARE(afterThemeChange, byDefault(m_dark));
 
         QWidget form;
         Ui::GridColorsForm ui;
         ui.setupUi(&form);
-        QCOMPARE(ui.propertyControl->property(oleName).value<OleColor>(), saved);
+        QCOMPARE(ui.propertyControl->property(row.oleName).value<OleColor>(), row.saved);
         // The grid beside it kept every colour unset, so it has the system colours.
-        QCOMPARE(ui.defaultsControl->property(oleName), QVariant(systemDefault));
+        QCOMPARE(ui.defaultsControl->property(row.oleName), QVariant(row.systemDefault));
     }
 
-    // Designer shows each code by name; the name and the saved number (the property of the
-    // capitalised name) are one value, each name standing for its position in the list.
+    // A code shown by name is one value with its saved number (the capitalised property).
     void codeShowsByNameAndSavesItsNumber_data()
     {
         QTest::addColumn<QStringList>("keys");
@@ -249,10 +225,9 @@ private slots:
     void formWithADefinitionShowsItsRows()
     {
         const auto showsTheRows = [](kwPropertyControl *grid) {
-            QStringList names;
-            for (Field *field : *grid->Fields())
-                names << field->Name();
-            return names == QStringList({ "Server", "Mode" });
+            Fields &rows = *grid->Fields();
+            return rows.Count() == 2 && rows.Item(1)->Name() == "Server"
+                && rows.Item(2)->Name() == "Mode";
         };
         QWidget form;
         Ui::GridDefinitionForm ui;
@@ -270,7 +245,7 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadOnly));
         std::unique_ptr<QWidget> loaded(loader.load(&file));
         QVERIFY2(loaded, qPrintable(loader.errorString()));
-        auto *grid = loaded->findChild<kwPropertyControl *>(QStringLiteral("propertyControl"));
+        auto *grid = loaded->findChild<kwPropertyControl *>(u"propertyControl"_s);
         QVERIFY(grid && showsTheRows(grid) && grid->ambientUserMode());
         QSignalSpy changed(grid, &kwPropertyControl::Changed);
         grid->Fields()->Item("Server")->setValue("other.example.org");
@@ -280,7 +255,7 @@ private slots:
 
 private:
     QDesignerCustomWidgetInterface *m_plugin = nullptr;
-    QPalette m_palette;
+    QPalette m_palette, m_dark { QColor(0x30, 0x30, 0x38) };
 };
 
 QTEST_MAIN(tst_kwPropertyControlPlugin)

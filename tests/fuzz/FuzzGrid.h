@@ -6,13 +6,11 @@
 
 #include "FuzzSupport.h"
 
-#include "fieldmodel/Field_p.h"
-#include "fieldmodel/Fields_p.h"
 #include "grid/kwPropertyControl_p.h"
 #include "runtime/MessageBox.h"
+#include <kwFieldDeck/kwFieldDeck>
 
 #include <QApplication>
-#include <QWidget>
 
 #include <cmath>
 

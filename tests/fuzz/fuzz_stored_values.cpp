@@ -13,20 +13,15 @@ namespace {
 const QString App = QStringLiteral("kwFieldDeckFuzz"), Section = QStringLiteral("Values"),
               Setting = QStringLiteral("Grid");
 
-QString definition()
-{
-    // "|" stands for the CR LF between the definition's lines.
-    return QStringLiteral(
-        "ADDFIELD Text|TYPE=TEXT|VALUE=a|ENDFIELD|ADDFIELD Numeric|TYPE=NUMERIC|VALUE=1.5|ENDFIELD|"
-        "ADDFIELD Check|TYPE=CHECKBOX|VALUE=True|ENDFIELD|ADDFIELD Combo|TYPE=COMBO|VALUE=G|"
-        "ADDCOMBOITEMS|R=Red|G=Green|ENDCOMBOITEMS|ENDFIELD|"
-        "ADDFIELD Date|TYPE=DATE|VALUE=2024-03-01|ENDFIELD|"
-        "ADDFIELD Slider|TYPE=SLIDER|MIN=0|MAX=100|VALUE=5|ENDFIELD|"
-        "ADDFIELD File|TYPE=FILESELECTOR|VALUE=/tmp/a.txt|ENDFIELD|"
-        "ADDFIELD Folder|TYPE=FOLDERSELECTOR|VALUE=/tmp|ENDFIELD|"
-        "ADDFIELD Memo|TYPE=MEMO|VALUE=m|ENDFIELD|")
-        .replace(QLatin1Char('|'), QLatin1String("\r\n"));
-}
+// "|" stands for the CR LF between the definition's lines.
+const QString Definition = QStringLiteral(
+    "ADDFIELD Text|TYPE=TEXT|VALUE=a|ENDFIELD|ADDFIELD Numeric|TYPE=NUMERIC|VALUE=1.5|ENDFIELD|"
+    "ADDFIELD Check|TYPE=CHECKBOX|VALUE=True|ENDFIELD|ADDFIELD Combo|TYPE=COMBO|VALUE=G|"
+    "ADDCOMBOITEMS|R=Red|G=Green|ENDCOMBOITEMS|ENDFIELD|ADDFIELD Date|TYPE=DATE|VALUE=2024-03-01|"
+    "ENDFIELD|ADDFIELD Slider|TYPE=SLIDER|MIN=0|MAX=100|VALUE=5|ENDFIELD|ADDFIELD File|"
+    "TYPE=FILESELECTOR|VALUE=/tmp/a.txt|ENDFIELD|ADDFIELD Folder|TYPE=FOLDERSELECTOR|VALUE=/tmp|"
+    "ENDFIELD|ADDFIELD Memo|TYPE=MEMO|VALUE=m|ENDFIELD|")
+                               .replace(QLatin1Char('|'), QLatin1String("\r\n"));
 
 // Restores the stored text into the grid and returns what the grid saves then.
 QString restoreAndSave(kwPropertyControl *grid, const QString &stored)
@@ -44,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     // inputs); each input starts from the same values.
     static FuzzGrid host;
     static const QString baseline = [] {
-        host.grid->ReadDef(definition());
+        host.grid->ReadDef(Definition);
         expect(host.grid->Fields()->Count() == 9, "the grid has a field of every type");
         host.grid->SaveValuesToRegistry(App, Section, Setting);
         return SettingsStore::GetSetting(App, Section, Setting);

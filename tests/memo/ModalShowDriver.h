@@ -6,7 +6,6 @@
 #include "editors/memo/ModalShow.h"
 
 #include <QDialog>
-#include <QListWidget>
 #include <QtTest>
 
 namespace kwFieldDeck::test {
@@ -31,13 +30,5 @@ struct ModalShowDriver
     int shown = 0;
     ModalShowHook previous;
 };
-
-// A user's click on a row of a list, scrolled into view first.
-inline void clickRow(QListWidget *list, int row)
-{
-    QListWidgetItem *item = list->item(row);
-    list->scrollToItem(item);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-}
 
 } // namespace kwFieldDeck::test

@@ -2,7 +2,6 @@
 #include "editors/memo/frmMemo.h"
 #include "memo/ModalShowDriver.h"
 #include "runtime/SettingsStore.h"
-#include <QFontDatabase>
 
 #include "TestSupport.h"
 
@@ -10,18 +9,40 @@
 #include <QtWidgets>
 
 using namespace kwFieldDeck;
+using namespace Qt::StringLiterals;
 
 namespace {
 QString fontOf(const frmMemo &memo)
 {
-    const QFont font = memo.txtMemo->font();
-    return font.family() + QLatin1Char('|') + QString::number(font.pointSizeF());
+    return memo.txtMemo->font().family() + '|' + QString::number(memo.txtMemo->font().pointSizeF());
 }
 
-void store(const char *key, const QString &value)
-{
+const auto store = [](const char *key, const QString &value) {
     SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
-}
+};
+
+struct Typing
+{
+    const char *text, *keys;
+    int line, column;
+    const char *lines, *value;
+};
+
+struct FontPick
+{
+    QString storedName;
+    int pick;
+    const char *button;
+    bool damagedStore;
+    QString expected;
+};
+
+struct Choice
+{
+    QByteArray property;
+    QVariant first, then;
+    QString selected;
+};
 
 // The window as a user meets it: shown and active, holding the text given.
 bool showActive(frmMemo &memo, const QString &text = {})
@@ -42,188 +63,155 @@ private slots:
     // Unedited text keeps its breaks (also through a memo row, tst_EditorRows); edited, CR LF.
     void statusBarAndValueFollowTheKeys_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QKeySequence>("keys");
-        QTest::addColumn<QString>("position");
-        QTest::addColumn<QString>("lines");
-        QTest::addColumn<QString>("value");
-        auto row = [](const char *name, const char *text, const char *keys, const char *position,
-                       const char *lines, const char *value) {
-            QTest::newRow(name) << text << QKeySequence(keys) << position << lines << value;
-        };
-        row("empty", "", "", "  Ln 1, Col 1  ", "1 Line", "");
-        row("two lines", "ab\r\ncd", "Ctrl+End", "  Ln 2, Col 3  ", "2 Lines", "ab\r\ncd");
-        row("blank", "a\r\n\r\nb", "Ctrl+Home, Down", "  Ln 2, Col 1  ", "3 Lines", "a\r\n\r\nb");
+        QTest::addColumn<Typing>("row");
+        const auto row
+            = [](const char *name, const Typing &typing) { QTest::newRow(name) << typing; };
+        row("empty", { "", "", 1, 1, "1 Line", "" });
+        row("two lines", { "ab\r\ncd", "Ctrl+End", 2, 3, "2 Lines", "ab\r\ncd" });
+        row("blank", { "a\r\n\r\nb", "Ctrl+Home, Down", 2, 1, "3 Lines", "a\r\n\r\nb" });
         // The position is the selection's start, not where the caret ended up.
-        row("selection", "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", "  Ln 1, Col 1  ", "2 Lines",
-            "ab\r\ncd");
-        row("LF edited", "ab\ncd", "Ctrl+End, !", "  Ln 2, Col 4  ", "2 Lines", "ab\r\ncd!");
-        row("CR edited", "ab\rcd", "Ctrl+End, !", "  Ln 2, Col 4  ", "2 Lines", "ab\r\ncd!");
-        row("mixed edited", "ab\r\ncd\r\rf", "Ctrl+End, !", "  Ln 4, Col 3  ", "4 Lines",
-            "ab\r\ncd\r\n\r\nf!");
-        row("Tab", "ab", "Ctrl+End, Tab", "  Ln 1, Col 4  ", "1 Line", "ab\t");
-        row("Shift+Tab after Tab", "ab", "Ctrl+End, Tab, Shift+Backtab", "  Ln 1, Col 3  ",
-            "1 Line", "ab");
+        row("selection", { "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", 1, 1, "2 Lines", "ab\r\ncd" });
+        row("LF edited", { "ab\ncd", "Ctrl+End, !", 2, 4, "2 Lines", "ab\r\ncd!" });
+        row("CR edited", { "ab\rcd", "Ctrl+End, !", 2, 4, "2 Lines", "ab\r\ncd!" });
+        row("mixed edited",
+            { "ab\r\ncd\r\rf", "Ctrl+End, !", 4, 3, "4 Lines", "ab\r\ncd\r\n\r\nf!" });
+        row("Tab", { "ab", "Ctrl+End, Tab", 1, 4, "1 Line", "ab\t" });
+        row("Shift+Tab after Tab", { "ab", "Ctrl+End, Tab, Shift+Backtab", 1, 3, "1 Line", "ab" });
     }
     void statusBarAndValueFollowTheKeys()
     {
-        QFETCH(QString, text);
-        QFETCH(QKeySequence, keys);
-        QFETCH(QString, position);
-        QFETCH(QString, lines);
-        QFETCH(QString, value);
+        QFETCH(Typing, row);
         frmMemo memo;
-        QVERIFY(showActive(memo, text));
+        QVERIFY(showActive(memo, row.text));
         QTRY_VERIFY(memo.txtMemo->hasFocus());
-        QTest::keySequence(memo.txtMemo, keys);
-        QTRY_COMPARE(memo.StatusBar1->findChild<QLabel *>("Panel3")->text(), position);
-        QCOMPARE(memo.StatusBar1->findChild<QLabel *>("Panel2")->text(), lines);
-        QTRY_COMPARE(memo.Value(), value);
+        QTest::keySequence(memo.txtMemo, QKeySequence(row.keys));
+        QTRY_COMPARE(memo.StatusBar1->findChild<QLabel *>("Panel3")->text(),
+            u"  Ln %1, Col %2  "_s.arg(row.line).arg(row.column));
+        QCOMPARE(memo.StatusBar1->findChild<QLabel *>("Panel2")->text(), row.lines);
+        QTRY_COMPARE(memo.Value(), row.value);
         QVERIFY(memo.txtMemo->hasFocus());
     }
 
-    void storedFontIsAppliedExceptSizesOfFiveOrLess_data()
-    {
-        QTest::addColumn<QString>("size");
-        QTest::addColumn<bool>("applied");
-        QTest::newRow("4") << "4" << false;
-        QTest::newRow("5") << "5" << false;
-        QTest::newRow("5.5") << "5.5" << true;
-    }
     void storedFontIsAppliedExceptSizesOfFiveOrLess()
     {
-        QFETCH(QString, size);
-        QFETCH(bool, applied);
-        store("FontName", QStringLiteral("Serif Test Face"));
-        store("FontSize", size);
         // The size a text box has by itself, which a size not applied leaves.
         const double before = QPlainTextEdit().font().pointSizeF();
-        frmMemo memo;
-        QCOMPARE(memo.txtMemo->font().family(), QStringLiteral("Serif Test Face"));
-        QCOMPARE(memo.txtMemo->font().pointSizeF(), applied ? size.toDouble() : before);
+        const std::pair<double, bool> sizes[] = { { 4, false }, { 5, false }, { 5.5, true } };
+        for (const auto &[size, applied] : sizes) {
+            store("FontName", u"Serif Test Face"_s);
+            store("FontSize", QString::number(size));
+            frmMemo memo;
+            QCOMPARE(memo.txtMemo->font().family(), u"Serif Test Face"_s);
+            QCOMPARE(memo.txtMemo->font().pointSizeF(), applied ? size : before);
+        }
     }
 
-    // Copy and Cut follow the selection on the status tick; the desktop's clipboard holds LF.
-    void cutAndPasteGoThroughTheClipboardWhileCopyAndCutFollowTheSelection()
+    // The window sees its keys first: Ctrl+A selects all the text wherever the focus is. Copy and
+    // Cut follow the selection on the status tick; the desktop's clipboard holds LF.
+    void ctrlASelectsAllForCutAndPasteThroughTheClipboard()
     {
         frmMemo memo;
-        QVERIFY(showActive(memo, QStringLiteral("a\r\nb")));
+        QVERIFY(showActive(memo, u"a\r\nb"_s));
         QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
-        QTest::keyClick(memo.txtMemo, Qt::Key_A, Qt::ControlModifier);
-        QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
-        memo.mnuCut->trigger();
-        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("a\nb"));
-        QCOMPARE(memo.Value(), QString());
-        QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
-        memo.mnuPaste->trigger();
-        memo.mnuPaste->trigger();
-        QCOMPARE(memo.Value(), QStringLiteral("a\r\nba\r\nb"));
-    }
-
-    // The window sees its keys first: Ctrl+A selects all the text wherever the focus is.
-    void ctrlASelectsAllWhereverTheFocusIs()
-    {
-        frmMemo memo;
-        QVERIFY(showActive(memo, QStringLiteral("a\r\nb")));
         memo.setFocus();
         QTRY_VERIFY(memo.hasFocus());
         QTest::keyClick(&memo, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(memo.txtMemo->textCursor().selectedText().size(), 3);
+        QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
+        memo.mnuCut->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"a\nb"_s);
+        QCOMPARE(memo.Value(), QString());
+        QTRY_VERIFY(!memo.mnuCopy->isEnabled() && !memo.mnuCut->isEnabled());
+        memo.mnuPaste->trigger();
+        memo.mnuPaste->trigger();
+        QCOMPARE(memo.Value(), u"a\r\nba\r\nb"_s);
     }
 
-    void droppedFilesReplaceTheTextOnlyWhenOneExists_data()
-    {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<QString>("expected");
-        QVERIFY(!test::writeFile(m_file, "line one\nline two").isEmpty());
-        QTest::newRow("one file") << QStringList { m_file } << "line one\r\nline two";
-        QTest::newRow("two files") << QStringList { m_file, m_file } << "kept";
-    }
     void droppedFilesReplaceTheTextOnlyWhenOneExists()
     {
-        QFETCH(QStringList, files);
-        QFETCH(QString, expected);
-        frmMemo memo;
-        QVERIFY(showActive(memo, QStringLiteral("kept")));
-        QMimeData data;
-        for (const QString &path : files)
-            data.setUrls(data.urls() << QUrl::fromLocalFile(path));
-        QWidget *viewport = memo.txtMemo->viewport();
-        QDragEnterEvent enter({ 10, 10 }, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &enter);
-        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &drop);
-        QCOMPARE(memo.Value(), expected);
+        QTemporaryDir dir;
+        const QString file = test::writeFile(dir.filePath(u"dropped.txt"_s), "line one\nline two");
+        QVERIFY(!file.isEmpty());
+        const std::pair<int, const char *> drops[]
+            = { { 1, "line one\r\nline two" }, { 2, "kept" } };
+        for (const auto &[count, expected] : drops) {
+            frmMemo memo;
+            QVERIFY(showActive(memo, u"kept"_s));
+            QMimeData data;
+            data.setUrls(QList<QUrl>(count, QUrl::fromLocalFile(file)));
+            QWidget *viewport = memo.txtMemo->viewport();
+            QDragEnterEvent enter({ 10, 10 }, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(viewport, &enter);
+            QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(viewport, &drop);
+            QCOMPARE(memo.Value(), expected);
+        }
     }
 
     // A user who only changes the size keeps the memo's font name, even one not listed exactly.
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess_data()
     {
-        QTest::addColumn<QString>("storedName");
-        QTest::addColumn<int>("pick");
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<bool>("damagedStore");
-        QTest::addColumn<QString>("expected");
+        QTest::addColumn<FontPick>("row");
         const QStringList families = QFontDatabase::families();
-        const int other = families.first() == QLatin1String("MS Sans Serif") ? 1 : 0;
-        const QString picked = families.value(other) + QStringLiteral("|14");
-        const QString unchanged = QStringLiteral("MS Sans Serif|10");
-        QTest::newRow("Ok") << "" << other << "btnOk" << false << picked;
-        QTest::newRow("Cancel changes nothing") << "" << other << "btnCancel" << false << unchanged;
-        QTest::newRow("close button") << "" << int(families.size() - 1) << "" << false << unchanged;
+        const int other = families.first() == "MS Sans Serif"_L1 ? 1 : 0;
+        const QString picked = families.value(other) + "|14", unchanged = u"MS Sans Serif|10"_s;
+        QTest::newRow("Ok") << FontPick { {}, other, "btnOk", false, picked };
+        QTest::newRow("Cancel changes nothing")
+            << FontPick { {}, other, "btnCancel", false, unchanged };
+        QTest::newRow("close button")
+            << FontPick { {}, int(families.size() - 1), "", false, unchanged };
         // A store edited by hand is kept aside; both font values still reach the new one.
-        QTest::newRow("Ok, store with a note line") << "" << other << "btnOk" << true << picked;
-        QTest::newRow("Ok, no pick") << "" << -1 << "btnOk" << false << "MS Sans Serif|11";
+        QTest::newRow("Ok, store with a note line")
+            << FontPick { {}, other, "btnOk", true, picked };
+        QTest::newRow("Ok, no pick") << FontPick { {}, -1, "btnOk", false, u"MS Sans Serif|11"_s };
         for (const QString &family : families) {
             const QString name = family.toUpper() != family ? family.toUpper() : family.toLower();
             if (name != family && !families.contains(name)) {
                 QTest::newRow("Ok, no pick, stored name in another letter case")
-                    << name << -1 << "btnOk" << false << name + "|11";
+                    << FontPick { name, -1, "btnOk", false, name + "|11" };
                 break;
             }
         }
     }
     void fontChoiceIsKeptForTheNextWindowAlsoInANewProcess()
     {
-        QFETCH(QString, storedName);
-        QFETCH(int, pick);
-        QFETCH(QString, button);
-        QFETCH(bool, damagedStore);
-        QFETCH(QString, expected);
-        if (!storedName.isEmpty())
-            store("FontName", storedName);
-        const QString family = QFontDatabase::families().value(pick);
+        QFETCH(FontPick, row);
+        if (!row.storedName.isEmpty())
+            store("FontName", row.storedName);
+        const QString family = QFontDatabase::families().value(row.pick);
         test::ModalShowDriver driver([&](QDialog &dialog) {
             auto &chooser = static_cast<frmChooseFont &>(dialog);
-            auto *fonts = dialog.findChild<QListWidget *>(QStringLiteral("lstFonts"));
-            auto *size = dialog.findChild<QComboBox *>(QStringLiteral("cboSize"));
+            QListWidget *fonts = chooser.lstFonts;
             QCOMPARE(fonts->count(), QFontDatabase::families().size());
-            if (pick >= 0) {
-                test::clickRow(fonts, pick);
-                QTest::keyClicks(size, QStringLiteral("14"));
+            if (row.pick >= 0) {
+                // A user's click on the row, scrolled into view first.
+                fonts->scrollToItem(fonts->item(row.pick));
+                QTest::mouseClick(fonts->viewport(), Qt::LeftButton, {},
+                    fonts->visualItemRect(fonts->item(row.pick)).center());
+                QTest::keyClicks(chooser.cboSize, u"14"_s);
                 QCOMPARE(chooser.lblSample->font().family(), family);
                 QCOMPARE(chooser.lblSample->font().pointSizeF(), 14.0);
             } else {
                 fonts->setFocus(Qt::TabFocusReason);
-                QTest::keyClick(size, Qt::Key_Down);
+                QTest::keyClick(chooser.cboSize, Qt::Key_Down);
             }
-            if (button.isEmpty())
+            if (!*row.button)
                 dialog.close();
             else
-                QTest::mouseClick(dialog.findChild<QPushButton *>(button), Qt::LeftButton);
+                QTest::mouseClick(dialog.findChild<QPushButton *>(row.button), Qt::LeftButton);
             QVERIFY(!dialog.isVisible());
-            QCOMPARE(chooser.Cancelled(), button != QLatin1String("btnOk"));
-            if (pick >= 0) {
+            QCOMPARE(chooser.Cancelled(), qstrcmp(row.button, "btnOk") != 0);
+            if (row.pick >= 0) {
                 QCOMPARE(chooser.Font_Name(), family);
                 QCOMPARE(chooser.Font_Size(), 14.0f);
             }
         });
         frmMemo memo;
-        QVERIFY(showActive(memo, QStringLiteral("kept")));
+        QVERIFY(showActive(memo, u"kept"_s));
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
-        QCOMPARE(fontOf(memo), expected);
-        if (damagedStore) {
+        QCOMPARE(fontOf(memo), row.expected);
+        if (row.damagedStore) {
             const QString store = SettingsStore::filePath(QCoreApplication::applicationName());
             QVERIFY(QDir().mkpath(QFileInfo(store).absolutePath()));
             QVERIFY(!test::writeFile(store, "# my settings\n[Other]\nkept=1\n").isEmpty());
@@ -231,65 +219,50 @@ private slots:
         // Escape hides the window, keeping the text and storing the font.
         QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
         QVERIFY(!memo.isVisible());
-        QCOMPARE(memo.Value(), QStringLiteral("kept"));
+        QCOMPARE(memo.Value(), u"kept"_s);
         frmMemo next;
-        QCOMPARE(fontOf(next), expected);
+        QCOMPARE(fontOf(next), row.expected);
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--print-font") });
+        child.start(QCoreApplication::applicationFilePath(), { u"--print-font"_s });
         QVERIFY(child.waitForFinished(30000));
-        QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(), expected);
+        QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(), row.expected);
     }
 
     // An entry is selected only when equal to the value written; else the selection stays.
     void chooserSelectsOnlyAnEqualEntry_data()
     {
-        QTest::addColumn<QByteArray>("property");
-        QTest::addColumn<QVariant>("first");
-        QTest::addColumn<QVariant>("then");
-        QTest::addColumn<QString>("selected");
+        QTest::addColumn<Choice>("row");
         const QStringList families = QFontDatabase::families();
         const QString a = families.value(0), b = families.value(1);
-        auto row = [](const char *name, const char *property, const QVariant &first,
-                       const QVariant &then, const QString &selected) {
-            QTest::newRow(name) << QByteArray(property) << first << then << selected;
-        };
-        row("listed font", "Font_Name", a, b, b);
-        row("font in another letter case", "Font_Name", a,
-            b.toLower() != b ? b.toLower() : b.toUpper(), a);
-        row("unknown font", "Font_Name", a, "No Such Face", a);
-        row("listed size", "Font_Size", 12.0f, 14.0f, "14");
-        row("size not listed", "Font_Size", 12.0f, 13.0f, "12");
+        QTest::newRow("listed font") << Choice { "Font_Name", a, b, b };
+        QTest::newRow("font in another letter case")
+            << Choice { "Font_Name", a, b.toLower() != b ? b.toLower() : b.toUpper(), a };
+        QTest::newRow("unknown font") << Choice { "Font_Name", a, u"No Such Face"_s, a };
+        QTest::newRow("listed size") << Choice { "Font_Size", 12.0f, 14.0f, "14" };
+        QTest::newRow("size not listed") << Choice { "Font_Size", 12.0f, 13.0f, "12" };
     }
     void chooserSelectsOnlyAnEqualEntry()
     {
-        QFETCH(QByteArray, property);
-        QFETCH(QVariant, first);
-        QFETCH(QVariant, then);
-        QFETCH(QString, selected);
+        QFETCH(Choice, row);
         frmChooseFont chooser;
-        QVERIFY(chooser.setProperty(property, first));
-        QVERIFY(chooser.setProperty(property, then));
-        QCOMPARE(chooser.property(property), then);
+        QVERIFY(chooser.setProperty(row.property, row.first));
+        QVERIFY(chooser.setProperty(row.property, row.then));
+        QCOMPARE(chooser.property(row.property), row.then);
         QStringList shown { chooser.cboSize->currentText() };
-        if (property == "Font_Name") {
+        if (row.property == "Font_Name") {
             shown.clear();
             for (const QListWidgetItem *item : chooser.lstFonts->selectedItems())
                 shown << item->text();
         }
-        QCOMPARE(shown, QStringList { selected });
+        QCOMPARE(shown, QStringList { row.selected });
     }
-
-private:
-    QTemporaryDir m_dir;
-    const QString m_file = m_dir.filePath(QStringLiteral("dropped.txt"));
 };
 
-// Run as "--print-font", the program prints the font a new memo window takes from the settings
-// store, so that a test can check what another process remembers.
+// Run as "--print-font", it prints the font a new memo window takes from the settings store.
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    if (app.arguments().contains(QStringLiteral("--print-font"))) {
+    if (app.arguments().contains(u"--print-font"_s)) {
         frmMemo memo;
         QTextStream(stdout) << fontOf(memo) << Qt::endl;
         return 0;
