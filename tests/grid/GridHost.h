@@ -100,6 +100,31 @@ inline QString gridError(int number, const char *procedure)
         .arg(QLatin1String(procedure));
 }
 
+// Columns named by their place: columns<T...>() declares them and returns the function that adds a
+// row; fetch<T...>() gives the current row's values in the same order.
+inline const char *column(int i)
+{
+    static const char *const names[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
+    return names[i];
+}
+
+template <typename... T>
+auto columns()
+{
+    int i = 0;
+    (QTest::addColumn<T>(column(i++)), ...);
+    return [](const QByteArray &tag, const T &...values) {
+        (QTest::newRow(tag.constData()) << ... << values);
+    };
+}
+
+template <typename... T>
+std::tuple<T...> fetch()
+{
+    int i = 0;
+    return { *static_cast<T *>(QTest::qData(column(i++), qMetaTypeId<T>()))... };
+}
+
 // A definition text written on one line: "|" stands for the CR LF between its lines.
 inline QString defText(QString text)
 {

@@ -103,19 +103,14 @@ private slots:
 
     void linesAreReadByTheirRules_data()
     {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<QStringList>("fields");
-        QTest::addColumn<QStringList>("reported");
-        auto row = [](const char *name, const QString &definition, const QStringList &fields,
-                       const QStringList &reported = {}) {
-            QTest::newRow(name) << defText(definition) << fields << reported;
-        };
+        // The definition with "|" for CR LF, the fields read and what was reported.
+        auto row = columns<QString, QStringList, QStringList>();
         const QString critical = Grid + ": ";
         row("keywords in any case, tabs removed after trimming, an unfinished block dropped",
             "Add Field Mixed|tYpE=Memo|end field| ADDFIELD Tab\t|\tTYPE=\tTEXT\t |"
             "FIELDNAMEWIDTH=3000|END\tFIELD|ADDFIELD B",
-            { "Mixed:MEMO=", "Tab:TEXT=" });
-        row("LF alone is no line break", "ADDFIELD x\nTYPE=TEXT\nENDFIELD", {});
+            { "Mixed:MEMO=", "Tab:TEXT=" }, {});
+        row("LF alone is no line break", "ADDFIELD x\nTYPE=TEXT\nENDFIELD", {}, {});
         row("blank before the equals", "ADDFIELD x|TYPE = TEXT|ENDFIELD", {},
             { critical + NoNameOrType });
         row("ADD FIELD without a name", "ADD FIELD|TYPE=TEXT|ENDFIELD", {},
@@ -161,12 +156,13 @@ private slots:
                 + "|TABLE=sizes|LISTFIELD=label|VALUEFIELD=id|VALUE=20|ENDFIELD",
             { "First:COMBO= [1:a 2:b]", "C1:COMBO=0 [R:Red* G:Green B:Blue]",
                 "C2:COMBO=0 [R:Red* G:Green B:Blue]", "C3:COMBO= [3:Red 4:Green 5:Blue]",
-                "C4:COMBO=20 [10:Small 20:Medium* 30:Large]" });
+                "C4:COMBO=20 [10:Small 20:Medium* 30:Large]" },
+            {});
         // File selector keys arrive upper-cased; the value keeps its case.
         row("file selector keys",
             "ADDFIELD Log|TYPE=FileSelector|TITLE=My Files|FILTER=Logs "
             "(*.log)|INITDIR=/no/Such|VALUE=/tmp/Mixed.log|ENDFIELD",
-            { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" });
+            { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" }, {});
         // DESCRIPTION= gives a field its help text: read as VALUE is (the key in any case, the
         // value trimmed, up to a second "=", the last one kept), inside a block only, and reset
         // at each ADDFIELD.
@@ -175,10 +171,10 @@ private slots:
             "ADDFIELD B|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD|"
             "ADDFIELD C|TYPE=TEXT|DESCRIPTION = x|ENDFIELD|ADDFIELD D|DESCRIPTION=a=b|TYPE=TEXT|"
             "ENDFIELD",
-            { "A:TEXT= \"Name of the Server\"", "B:TEXT= \"2\"", "C:TEXT=", "D:TEXT= \"a\"" });
+            { "A:TEXT= \"Name of the Server\"", "B:TEXT= \"2\"", "C:TEXT=", "D:TEXT= \"a\"" }, {});
         row("description among combo items",
             "ADDFIELD C|TYPE=COMBO|ADDCOMBOITEMS|1=One|DESCRIPTION=Pick one|ENDCOMBOITEMS|ENDFIELD",
-            { "C:COMBO= [1:One] \"Pick one\"" });
+            { "C:COMBO= [1:One] \"Pick one\"" }, {});
         row("description kept by a block left open",
             "ADDFIELD A|DESCRIPTION=kept|ENDFIELD|TYPE=TEXT|ENDFIELD", { "A:TEXT= \"kept\"" },
             { critical + NoNameOrType });
@@ -186,13 +182,11 @@ private slots:
 
     void linesAreReadByTheirRules()
     {
-        QFETCH(QString, definition);
-        QFETCH(QStringList, fields);
-        QFETCH(QStringList, reported);
+        const auto [definition, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
         MessageRecorder messages;
         ErrorRecorder errors;
-        host.grid->ReadDef(definition);
+        host.grid->ReadDef(defText(definition));
         QCOMPARE(summaries(host), fields);
         QCOMPARE(reports(messages, errors), reported);
         QCOMPARE(host.grid->FieldNameWidth(), 750.0f);
@@ -200,11 +194,7 @@ private slots:
 
     void cleaningTidiesTheText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("cleaned");
-        auto row = [](const char *name, const char *text, const char *cleaned) {
-            QTest::newRow(name) << QString(text) << QString(cleaned);
-        };
+        auto row = columns<QString, QString>();
         row("three breaks become two", "  A\r\n\r\n\r\nB  ", "A\r\n\r\nB");
         row("two breaks become one", "A\r\n\r\nB", "A\r\nB");
         row("four breaks become two", "A\r\n\r\n\r\n\r\nB", "A\r\n\r\nB");
@@ -215,16 +205,13 @@ private slots:
 
     void cleaningTidiesTheText()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, cleaned);
+        const auto [text, cleaned] = fetch<QString, QString>();
         QCOMPARE(CleanDefinitionText(text), cleaned);
     }
 
     void loadDefFileReadsTheFileOrReportsWhy_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QStringList>("fields");
-        QTest::addColumn<QStringList>("reported");
+        auto row = columns<QString, QStringList, QStringList>();
         int files = 0;
         // Each file is written in other letter case than named: it is found all the same.
         auto file = [&](const char *name, const QByteArray &bytes, bool accepted,
@@ -232,14 +219,13 @@ private slots:
             const QString path = write(QString::number(++files) + ".KwDef", bytes).toLower();
             const QString refused
                 = Grid + ": " + CannotOpen + "File Format Does not Match!\r\n\r\n" + path;
-            QTest::newRow(name) << path << QStringList { "Earlier:TEXT=" } + fields
-                                << (accepted ? QStringList() : QStringList { refused });
+            row(name, path, QStringList { "Earlier:TEXT=" } + fields,
+                accepted ? QStringList() : QStringList { refused });
         };
-        auto unreadable = [](const char *name, const QString &path, bool said = true) {
-            QTest::newRow(name) << path << QStringList { "Earlier:TEXT=" }
-                                << (said ? QStringList { Grid + ": " + CannotOpen + path }
-                                         : QStringList())
-                    + QStringList { gridError(ErrSubscriptOutOfRange, "LoadDefFile") };
+        auto unreadable = [&](const char *name, const QString &path, bool said = true) {
+            row(name, path, { "Earlier:TEXT=" },
+                (said ? QStringList { Grid + ": " + CannotOpen + path } : QStringList())
+                    << gridError(ErrSubscriptOutOfRange, "LoadDefFile"));
         };
         file("as written", Header + "\r\n" + TwoFields, true, ReadTwo);
         file("lower case", "property control definition file\r\n" + TwoFields, true, ReadTwo);
@@ -275,9 +261,7 @@ private slots:
 
     void loadDefFileReadsTheFileOrReportsWhy()
     {
-        QFETCH(QString, path);
-        QFETCH(QStringList, fields);
-        QFETCH(QStringList, reported);
+        const auto [path, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
         host.add("Earlier");
         MessageRecorder messages;

@@ -9,8 +9,7 @@
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using kwFieldDeck::test::GridHost;
-using kwFieldDeck::test::UserGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 // The ways a row is reached; the first two land on the first row, the last clicks a part.
@@ -57,20 +56,18 @@ class tst_GridView : public QObject
 private slots:
     void everyTypeEveryWayIn_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("way");
-        QTest::addColumn<int>("part");
+        auto row = columns<int, int, int>();
         for (int type = ftText; type <= ftMemo; ++type) {
             const QByteArray name = UserGrid::typeName(type).toLatin1();
             for (int way = Shown; way < Part; ++way) {
                 // A slider field does not take the focus from SetFocus: intended.
                 if (type != ftSlider || way == Shown || way > Far)
-                    QTest::addRow("%s, %s", name.data(), WayNames[way]) << type << way << -1;
+                    row(name + ", " + WayNames[way], type, way, -1);
             }
             // A click on each part of the idle row: a slider's box and slider, a browse row's
             // "...".
             for (int part = 0; part < (type == ftSlider || type >= ftFileSelector ? 2 : 1); ++part)
-                QTest::addRow("%s, click part %d", name.data(), part) << type << int(Part) << part;
+                row(name + ", click part " + QByteArray::number(part), type, Part, part);
         }
     }
 
@@ -78,9 +75,7 @@ private slots:
     // rest of its editor's parts first, and Backtab leaves a row entered by Tab at once.
     void everyTypeEveryWayIn()
     {
-        QFETCH(int, type);
-        QFETCH(int, way);
-        QFETCH(int, part);
+        const auto [type, way, part] = fetch<int, int, int>();
         UserGrid user(2400, way != Shown);
         QVERIFY(user.shown || way == Shown);
         if (way == Far)
@@ -164,23 +159,18 @@ private slots:
 
     void keysMoveTheCurrentRow_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("step");
-        QTest::newRow("Down") << int(ftText) << int(Qt::Key_Down) << 1;
-        QTest::newRow("Tab") << int(ftText) << int(Qt::Key_Tab) << 1;
+        auto row = columns<int, int, int>();
+        row("Down", ftText, Qt::Key_Down, 1);
+        row("Tab", ftText, Qt::Key_Tab, 1);
         // A page is as many rows as the view shows whole: 1215 / 300.
         for (int type : { ftText, ftCheckBox, ftMemo })
-            QTest::addRow("PageDown, %s", qPrintable(UserGrid::typeName(type)))
-                << type << int(Qt::Key_PageDown) << 4;
+            row("PageDown, " + UserGrid::typeName(type).toLatin1(), type, Qt::Key_PageDown, 4);
     }
 
     // Each row reached in order is highlighted and in view; page keys stop at the ends.
     void keysMoveTheCurrentRow()
     {
-        QFETCH(int, type);
-        QFETCH(int, key);
-        QFETCH(int, step);
+        const auto [type, key, step] = fetch<int, int, int>();
         UserGrid user(1215);
         QVERIFY(user.shown);
         for (int i = 0; i < 40; ++i)
@@ -207,24 +197,21 @@ private slots:
 
     void wheelOverAnIdleRowScrollsTheGrid_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("onName");
-        // A row keeps its live editor when the focus leaves the grid; it is idle then too.
-        QTest::addColumn<bool>("liveWithoutFocus");
-        QTest::newRow("name") << int(ftText) << true << false;
+        // The type, over the name cell, and whether the row keeps its live editor with the focus
+        // gone from the grid: idle then too.
+        auto row = columns<int, bool, bool>();
+        row("name", ftText, true, false);
         for (int type : { ftCombo, ftSlider, ftDate, ftCheckBox }) {
             const QByteArray name = UserGrid::typeName(type).toLatin1();
-            QTest::addRow("%s", name.data()) << type << false << false;
+            row(name, type, false, false);
             if (type != ftCheckBox)
-                QTest::addRow("%s left live", name.data()) << type << false << true;
+                row(name + " left live", type, false, true);
         }
     }
 
     void wheelOverAnIdleRowScrollsTheGrid()
     {
-        QFETCH(int, type);
-        QFETCH(bool, onName);
-        QFETCH(bool, liveWithoutFocus);
+        const auto [type, onName, liveWithoutFocus] = fetch<int, bool, bool>();
         UserGrid user(1800);
         QLineEdit outside(&user.window);
         outside.move(0, user.window.height() - 30);

@@ -3,8 +3,6 @@
 
 #include "grid/GridHost.h"
 
-#include "runtime/Twips.h"
-
 #include <QLineEdit>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -20,11 +18,7 @@ private slots:
     // The new-instance default (invalid for the ambient font) and another value.
     void propertyHasItsDefaultAndCarriesToAnotherGrid_data()
     {
-        QTest::addColumn<QVariant>("initial");
-        QTest::addColumn<QVariant>("other");
-        auto row = [](const char *name, const QVariant &initial, const QVariant &other) {
-            QTest::newRow(name) << initial << other;
-        };
+        auto row = columns<QVariant, QVariant>();
         row("BackColor", quint32(SystemColor::ButtonFace), quint32(0x00112233));
         row("ForeColor", quint32(0), quint32(0x00445566));
         row("Enabled", false, true);
@@ -42,8 +36,7 @@ private slots:
     // A form file keeps the grid's properties as Qt's property system reads and writes them.
     void propertyHasItsDefaultAndCarriesToAnotherGrid()
     {
-        QFETCH(QVariant, initial);
-        QFETCH(QVariant, other);
+        const auto [initial, other] = fetch<QVariant, QVariant>();
         const char *name = QTest::currentDataTag();
         GridHost saved;
         QCOMPARE(saved.grid->property(name),
@@ -60,25 +53,16 @@ private slots:
 
     void rowsLieOnTheCanvas_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("hidden");
-        QTest::addColumn<float>("nameWidth");
-        QTest::addColumn<float>("left");
-        QTest::addColumn<float>("width");
-        QTest::addColumn<int>("maximum");
-        auto row = [](const char *name, int type, int rows, int hidden = 0, float nameWidth = 0,
-                       float left = 725, float width = 2960, int maximum = -1) {
-            QTest::newRow(name) << type << rows << hidden << nameWidth << left << width << maximum;
-        };
+        // Type, rows, the hidden one, FieldNameWidth set, the editors' left and width, the scroll
+        // bar's maximum (10 - 1215 / 315 + 1 = 7.14...; 3 rows and a hidden one need none).
+        auto row = columns<int, int, int, float, float, float, int>();
         for (int type = ftText; type <= ftMemo; ++type)
-            row(qPrintable(QString::number(type)), type, 3);
-        // 10 - 1215 / 315 + 1 = 7.14...; three rows and a hidden one need no scroll bar.
+            row(QByteArray::number(type), type, 3, 0, 0, 725, 2960, -1);
         row("ten rows", ftText, 10, 0, 0, 725, 2960, 7);
         row("four rows", ftNumeric, 4, 0, 0, 725, 2960, 1);
-        row("hidden row leaves no gap", ftText, 4, 2);
-        row("wider names", ftText, 3, 0, 1000, 975, 2710);
-        row("names too wide are ignored", ftText, 3, 0, 3800);
+        row("hidden row leaves no gap", ftText, 4, 2, 0, 725, 2960, -1);
+        row("wider names", ftText, 3, 0, 1000, 975, 2710, -1);
+        row("names too wide are ignored", ftText, 3, 0, 3800, 725, 2960, -1);
     }
 
     // Rows share one border line, 300 twips apart, and every editor lies beside its name cell in
@@ -86,17 +70,11 @@ private slots:
     // twips wider than the others until a full layout (intended).
     void rowsLieOnTheCanvas()
     {
-        QFETCH(int, type);
-        QFETCH(int, rows);
-        QFETCH(int, hidden);
-        QFETCH(float, nameWidth);
-        QFETCH(float, left);
-        QFETCH(float, width);
-        QFETCH(int, maximum);
+        const auto [type, rows, hidden, nameWidth, left, width, maximum]
+            = fetch<int, int, int, float, float, float, int>();
         GridHost host(4005, 1215);
         ErrorRecorder errors;
-        for (int i = 1; i <= rows; ++i)
-            host.add(QStringLiteral("Row%1").arg(i), lFieldTypes(type), {}, "About");
+        host.addRows(rows, lFieldTypes(type));
         Field *first = host.grid->Fields()->Item(1);
         QCOMPARE(host.row(first).editorWidth, type == ftDate ? 2970.0f : 2960.0f);
         if (nameWidth > 0)
@@ -164,34 +142,22 @@ private slots:
 
     void typingRaisesChangedPerAcceptedKey_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QVariantList>("values");
-        QTest::addColumn<bool>("userMode");
-        auto row = [](const char *name, lFieldTypes type, const char *typed, const char *shown,
-                       const QVariantList &values, bool userMode = true) {
-            QTest::newRow(name) << int(type) << QString(typed) << QString(shown) << values
-                                << userMode;
-        };
-        row("numbers", ftNumeric, "12", "12", { 1.0, 12.0 });
-        row("text", ftText, "ab", "ab", { "a", "ab" });
+        auto row = columns<int, QString, QString, QVariantList, bool>();
+        row("numbers", ftNumeric, "12", "12", { 1.0, 12.0 }, true);
+        row("text", ftText, "ab", "ab", { "a", "ab" }, true);
         row("design mode", ftNumeric, "7", "7", { 7.0 }, false);
         // The numeric field swallows a second point, a sign after the first character, letters.
-        row("second point", ftNumeric, "1.5.2", "1.52", { 1.0, 1.0, 1.5, 1.52 });
-        row("minus first", ftNumeric, "-4", "-4", { 0.0, -4.0 });
-        row("minus later", ftNumeric, "4-2", "42", { 4.0, 42.0 });
-        row("letters", ftNumeric, "1a2b", "12", { 1.0, 12.0 });
+        row("second point", ftNumeric, "1.5.2", "1.52", { 1.0, 1.0, 1.5, 1.52 }, true);
+        row("minus first", ftNumeric, "-4", "-4", { 0.0, -4.0 }, true);
+        row("minus later", ftNumeric, "4-2", "42", { 4.0, 42.0 }, true);
+        row("letters", ftNumeric, "1a2b", "12", { 1.0, 12.0 }, true);
     }
 
     // A grid in design mode raises no Changed; the field's own Changed comes all the same.
     void typingRaisesChangedPerAcceptedKey()
     {
-        QFETCH(int, type);
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QFETCH(QVariantList, values);
-        QFETCH(bool, userMode);
+        const auto [type, typed, shown, values, userMode]
+            = fetch<int, QString, QString, QVariantList, bool>();
         GridHost host;
         QVERIFY(host.shown);
         host.grid->setAmbientUserMode(userMode);
@@ -274,16 +240,16 @@ private slots:
 
     void deletingAGridWithTheFocusInARow_data()
     {
-        QTest::addColumn<int>("type");
+        auto row = columns<int>();
         for (int type : { ftText, ftCheckBox, ftCombo, ftFileSelector })
-            QTest::newRow(qPrintable(QString::number(type))) << type;
+            row(QByteArray::number(type), type);
     }
 
     // A grid goes while a row of it has the focus: its controls leave one by one, and the focus
     // that each passes on must not reach the rows' handlers.
     void deletingAGridWithTheFocusInARow()
     {
-        QFETCH(int, type);
+        const auto [type] = fetch<int>();
         GridHost host;
         QLineEdit outside(&host.window);
         outside.move(0, host.window.height() - 30);
