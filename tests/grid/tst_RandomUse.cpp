@@ -10,28 +10,23 @@
 #include <QPointer>
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QScrollBar>
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using kwFieldDeck::test::UserGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 // What a host's write must read back as, for the field's type.
 bool readsBackAsWritten(const Field *field, const QVariant &written)
 {
+    const int type = field->FieldType();
     const QString read = textOf(field->Value());
-    switch (field->FieldType()) {
-    case ftNumeric:
-    case ftSlider:
-        return leadingNumber(read) == leadingNumber(textOf(written));
-    case ftCheckBox:
-        return (leadingNumber(read) != 0) == (leadingNumber(textOf(written)) != 0);
-    case ftDate:
+    const double number = leadingNumber(read), wrote = leadingNumber(textOf(written));
+    if (type == ftDate)
         return isDate(field->Value()) && toDate(field->Value()) == written.toDate();
-    default:
-        return read == textOf(written);
-    }
+    if (type == ftCheckBox)
+        return (number != 0) == (wrote != 0);
+    return type == ftNumeric || type == ftSlider ? number == wrote : read == textOf(written);
 }
 
 // A number box's shown text (live editor or kept) with a character its key filter refuses.
@@ -42,7 +37,7 @@ QString refusedCharacterShown(const UserGrid &user)
     for (Field *field : *user.grid->Fields()) {
         if (field->FieldType() != ftNumeric && field->FieldType() != ftSlider)
             continue;
-        QString shown = test::GridHost::state(field).text;
+        QString shown = GridHost::state(field).text;
         if (live && user.d()->rowEditor().row() == field) {
             const auto *box = qobject_cast<const QLineEdit *>(live);
             shown = (box ? box : live->findChild<QLineEdit *>(QStringLiteral("txtNum")))->text();
@@ -53,30 +48,22 @@ QString refusedCharacterShown(const UserGrid &user)
     return {};
 }
 
-class RandomUser
+struct RandomUser
 {
-public:
-    RandomUser(UserGrid &user, quint32 seed)
-        : m_user(user)
-        , m_random(seed)
-    {
-    }
+    UserGrid &m_user;
+    QRandomGenerator m_random;
+    int m_added = 0;
+    QVariant lastWritten;
+    Field *lastWrittenField = nullptr;
 
     // One action; returns what it did, for the failure message. Keys weigh four, clicks and
     // writes two, the wheel or the scroll bar and the rows one.
     QString act()
     {
-        using Action = QString (RandomUser::*)();
-        static const Action actions[] = { &RandomUser::key, &RandomUser::key, &RandomUser::key,
-            &RandomUser::key, &RandomUser::click, &RandomUser::click, &RandomUser::write,
-            &RandomUser::write, &RandomUser::scroll, &RandomUser::changeRows };
-        return (this->*actions[pick(10)])();
+        const int n = pick(10);
+        return n < 4 ? key() : n < 6 ? click() : n < 8 ? write() : n < 9 ? scroll() : changeRows();
     }
 
-    QVariant lastWritten;
-    Field *lastWrittenField = nullptr;
-
-private:
     int pick(int count) { return int(m_random.bounded(quint32(count))); }
 
     Field *anyField()
@@ -122,10 +109,8 @@ private:
         QWidget *widget = m_user.view()->childAt(point);
         widget = widget ? widget : m_user.view();
         QTest::mouseClick(widget, Qt::LeftButton, {}, widget->mapFrom(m_user.view(), point));
-        return QStringLiteral("clicked %1 at %2,%3")
-            .arg(widget->objectName())
-            .arg(point.x())
-            .arg(point.y());
+        return QString::asprintf(
+            "clicked %s at %d,%d", qPrintable(widget->objectName()), point.x(), point.y());
     }
 
     QString scroll()
@@ -137,7 +122,7 @@ private:
         }
         const QPoint point = anywhere();
         m_user.turnWheel(point, pick(2) ? 1 : -1);
-        return QStringLiteral("wheel at %1,%2").arg(point.x()).arg(point.y());
+        return QString::asprintf("wheel at %d,%d", point.x(), point.y());
     }
 
     // A value of the field's type; a text longer than a text field's size.
@@ -180,10 +165,6 @@ private:
             m_user.grid->Refresh(true);
         return done;
     }
-
-    UserGrid &m_user;
-    QRandomGenerator m_random;
-    int m_added = 0;
 };
 } // namespace
 
@@ -193,9 +174,9 @@ class tst_RandomUse : public QObject
 private slots:
     void randomActionsLeaveTheGridConsistent()
     {
-        bool given = false;
-        quint32 seed = qEnvironmentVariable("KW_RANDOM_SEED").toUInt(&given);
-        seed = given ? seed : QRandomGenerator::global()->generate();
+        const QByteArray given = qgetenv("KW_RANDOM_SEED");
+        const quint32 seed
+            = given.isEmpty() ? QRandomGenerator::global()->generate() : given.toUInt();
         const int actions = qEnvironmentVariableIntValue("KW_RANDOM_ACTIONS");
         UserGrid user(1800);
         QVERIFY(user.shown);
@@ -210,7 +191,7 @@ private slots:
         QVector<QPointer<Field>> changed;
         QObject::connect(user.grid, &kwPropertyControl::Changed, user.grid,
             [&](Field *field) { changed << field; });
-        RandomUser random(user, seed);
+        RandomUser random { user, QRandomGenerator(seed) };
         QStringList done;
         bool hadFocus = false;
         for (int step = 0; step < (actions > 0 ? actions : 3000); ++step) {
@@ -224,10 +205,9 @@ private slots:
             user.closePopup();
             QString problem;
             const Fields &fields = *user.grid->Fields();
-            for (const QPointer<Field> &field : std::as_const(changed)) {
+            for (const QPointer<Field> &field : std::as_const(changed))
                 if (std::find(fields.begin(), fields.end(), field.data()) == fields.end())
                     problem = " Changed named " + (field ? field->Name() : "(deleted)");
-            }
             if (Field *written = random.lastWrittenField) {
                 if (!readsBackAsWritten(written, random.lastWritten))
                     problem = " read back " + written->Value().toString();
@@ -245,11 +225,10 @@ private slots:
             if (focused && user.highlighted() != QVector<Field *> { focused })
                 problem = " focus is in " + focused->Name();
             QVERIFY2(problem.isEmpty(),
-                qPrintable(
-                    QStringLiteral("seed %1 (KW_RANDOM_SEED=%1 replays it), step %2, after: %3")
-                        .arg(seed)
-                        .arg(step)
-                        .arg(done.join(QStringLiteral("; ")) + problem)));
+                qPrintable(QString::asprintf("seed %u (KW_RANDOM_SEED=%u replays it), step %d, "
+                                             "after: ",
+                               seed, seed, step)
+                    + done.join("; ") + problem));
         }
     }
 };
