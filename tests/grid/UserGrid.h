@@ -96,6 +96,14 @@ public:
         return d()->rowEditor().holdsFocus() ? d()->rowEditor().row() : nullptr;
     }
 
+    // Where the user is: the focused row, the highlighted row, the description shown.
+    QString where() const
+    {
+        const Field *focused = focusedField(), *lit = d()->highlighted();
+        return (focused ? focused->Name() : "-") + ", " + (lit ? lit->Name() : "-") + ", "
+            + description.text();
+    }
+
     // The fields whose name cells show the highlight.
     QVector<Field *> highlighted() const
     {
