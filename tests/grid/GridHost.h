@@ -52,12 +52,13 @@ public:
 
     Field *field(const QString &name) const { return grid->Fields()->Item(name); }
 
-    QStringList fieldNames() const
+    // What `of` gives of each field in order: its name unless told otherwise.
+    QStringList each(const std::function<QString(Field *)> &of = &Field::Name) const
     {
-        QStringList names;
+        QStringList all;
         for (Field *field : *grid->Fields())
-            names << field->Name();
-        return names;
+            all << of(field);
+        return all;
     }
 
     kwPropertyControlPrivate *d() const { return kwPropertyControlPrivate::get(grid); }

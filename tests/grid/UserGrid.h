@@ -22,15 +22,8 @@ class UserGrid : public GridHost
 public:
     explicit UserGrid(float height = 2400, bool show = true)
         : GridHost(5000, height, show)
-        , m_openFile(Dialogs::setOpenFileHandler([this](const Dialogs::OpenFileRequest &) {
-            ++dialogs;
-            return dialogAnswer;
-        }))
-        , m_browseFolder(
-              Dialogs::setBrowseFolderHandler([this](const Dialogs::BrowseFolderRequest &) {
-                  ++dialogs;
-                  return dialogAnswer;
-              }))
+        , m_openFile(Dialogs::setOpenFileHandler([this](auto &) { return answer(); }))
+        , m_browseFolder(Dialogs::setBrowseFolderHandler([this](auto &) { return answer(); }))
         , m_memoWindow([this](QDialog &dialog) {
             ++dialogs;
             dialog.hide();
@@ -139,6 +132,12 @@ public:
     QString dialogAnswer;
 
 private:
+    QString answer()
+    {
+        ++dialogs;
+        return dialogAnswer;
+    }
+
     Dialogs::OpenFileHandler m_openFile;
     Dialogs::BrowseFolderHandler m_browseFolder;
     ModalShowDriver m_memoWindow;

@@ -52,14 +52,6 @@ QString summary(Field *field)
     return text;
 }
 
-QStringList summaries(const GridHost &host)
-{
-    QStringList all;
-    for (Field *field : *host.grid->Fields())
-        all << summary(field);
-    return all;
-}
-
 } // namespace
 
 class tst_DefinitionReader : public QObject
@@ -96,7 +88,7 @@ private slots:
                     "VALUE=5|ENDFIELD"));
         QCOMPARE(reports(messages, errors), QStringList());
         QCOMPARE(host.grid->FieldNameWidth(), 1800.0f);
-        QCOMPARE(summaries(host),
+        QCOMPARE(host.each(summary),
             QStringList({ "Colour:COMBO=2 [1:Red 2:Green*]", "Volume:SLIDER=5 0..11" }));
         QCOMPARE(returned, host.field("Volume"));
     }
@@ -187,7 +179,7 @@ private slots:
         MessageRecorder messages;
         ErrorRecorder errors;
         host.grid->ReadDef(defText(definition));
-        QCOMPARE(summaries(host), fields);
+        QCOMPARE(host.each(summary), fields);
         QCOMPARE(reports(messages, errors), reported);
         QCOMPARE(host.grid->FieldNameWidth(), 750.0f);
     }
@@ -267,7 +259,7 @@ private slots:
         MessageRecorder messages;
         ErrorRecorder errors;
         host.grid->LoadDefFile(path);
-        QCOMPARE(summaries(host), fields);
+        QCOMPARE(host.each(summary), fields);
         QCOMPARE(reports(messages, errors), reported);
     }
 
@@ -281,14 +273,14 @@ private slots:
         MessageRecorder messages;
         GridHost complete;
         complete.grid->LoadDefFile(write("whole.kwdef", whole));
-        const QStringList all = complete.fieldNames();
+        const QStringList all = complete.each();
         QVERIFY(all.size() > 10);
         for (int cut = 1; cut < whole.size(); cut += 37) {
             GridHost host;
             ErrorRecorder errors;
             host.grid->LoadDefFile(write("cut.kwdef", whole.left(cut)));
             // A block cut in its name line may arrive under the shorter name.
-            const QStringList names = host.fieldNames();
+            const QStringList names = host.each();
             QVERIFY(names.size() <= all.size());
             for (int i = 0; i < names.size(); ++i)
                 QVERIFY2(all.at(i).startsWith(names.at(i)), qPrintable(names[i]));
