@@ -41,8 +41,7 @@ public:
         Dialogs::setBrowseFolderHandler(std::move(m_browseFolder));
     }
 
-    // Closes a drop-down list or calendar that is open, as a user who picks nothing does, and
-    // gives the activation back to the grid's window as the desktop would.
+    // Closes an open list or calendar, and gives the activation back as the desktop would.
     void closePopup()
     {
         QWidget *popup = QApplication::activePopupWidget();
@@ -74,8 +73,7 @@ public:
     // The type's name in the definition language.
     static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
 
-    // The live editor of the field's row, made for it if it has none yet, as the row gets one
-    // when the pointer comes to it.
+    // The row's live editor, made for it as when the pointer comes to it.
     QWidget *editorOf(Field *field) const
     {
         if (d()->rowEditor().row() != field)
@@ -114,8 +112,7 @@ public:
         QCoreApplication::processEvents();
     }
 
-    // The wheel turned by notches (positive: towards the user) over a point of the view, on
-    // whatever widget lies there.
+    // The wheel turned by notches (positive: towards the user) over a point of the view.
     void turnWheel(const QPoint &at, int notches) const
     {
         QWidget *target = view()->childAt(at) ? view()->childAt(at) : view();

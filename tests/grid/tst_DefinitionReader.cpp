@@ -155,9 +155,7 @@ private slots:
             "ADDFIELD Log|TYPE=FileSelector|TITLE=My Files|FILTER=Logs "
             "(*.log)|INITDIR=/no/Such|VALUE=/tmp/Mixed.log|ENDFIELD",
             { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" }, {});
-        // DESCRIPTION= gives a field its help text: read as VALUE is (the key in any case, the
-        // value trimmed, up to a second "=", the last one kept), inside a block only, and reset
-        // at each ADDFIELD.
+        // DESCRIPTION= is read as VALUE is, inside a block only, and reset at each ADDFIELD.
         row("description",
             "DESCRIPTION=lost|ADDFIELD A|TYPE=TEXT|Description=  Name of the Server  |ENDFIELD|"
             "ADDFIELD B|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD|"
@@ -263,8 +261,7 @@ private slots:
         QCOMPARE(reports(messages, errors), reported);
     }
 
-    // Noise and files cut anywhere: the reader keeps the complete blocks before the cut, in
-    // order, reports at most once, and the grid takes definitions afterwards.
+    // Cut or noisy files: the blocks before the cut are kept in order, one report at most.
     void damagedFilesKeepWhatWasRead()
     {
         const QByteArray whole
@@ -284,8 +281,7 @@ private slots:
             QVERIFY(names.size() <= all.size());
             for (int i = 0; i < names.size(); ++i)
                 QVERIFY2(all.at(i).startsWith(names.at(i)), qPrintable(names[i]));
-            // A cut right after "ADDFIELD" fails as that line without a name does; a cut inside a
-            // table or column name fails to read it.
+            // A cut after "ADDFIELD" fails as that line without a name does.
             QVERIFY(errors.errors.size() <= 1);
             if (whole.left(cut).endsWith("\nADDFIELD"))
                 QCOMPARE(errors.errors.size(), 1);

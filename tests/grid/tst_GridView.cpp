@@ -68,8 +68,7 @@ private slots:
         }
     }
 
-    // The row reached alone has the focus, the highlight and its description; Tab passes the
-    // rest of its editor's parts first, and Backtab leaves a row entered by Tab at once.
+    // Tab passes the rest of the editor's parts first; Backtab leaves a row entered by Tab.
     void everyTypeEveryWayIn()
     {
         const auto [type, way, part] = fetch<int, int, int>();
@@ -173,8 +172,7 @@ private slots:
 
     void wheelOverAnIdleRowScrollsTheGrid_data()
     {
-        // The type, over the name cell, and whether the row keeps its live editor with the focus
-        // gone from the grid: idle then too.
+        // The type, over the name, and a live editor left without the focus (idle then too).
         auto row = columns<int, bool, bool>();
         row("name", ftText, true, false);
         for (int type : { ftCombo, ftSlider, ftDate, ftCheckBox }) {
@@ -250,8 +248,7 @@ private slots:
             image.pixelColor(user.view()->rect().bottomLeft() + QPoint(5, -5)), QColor(0, 0, 0xFF));
     }
 
-    // Viewport, scroll bar and one row's live editor, for 100,000 rows as for 1,000, wherever
-    // scrolled; assistive tools still find every row as a name cell and a value cell.
+    // Viewport, scroll bar and one live editor, however many rows; assistive tools see all.
     void aLargeGridHasNoWidgetPerRow()
     {
         UserGrid few;
@@ -268,8 +265,7 @@ private slots:
         many.grid->Refresh(true);
         const auto widgets
             = [](GridHost &host) { return host.grid->findChildren<QWidget *>().size(); };
-        QCOMPARE(widgets(many), 2);
-        QCOMPARE(widgets(few), 2);
+        QCOMPARE(std::pair(widgets(many), widgets(few)), (std::pair<qsizetype, qsizetype>(2, 2)));
         many.field(QStringLiteral("Row99999"))->SetFocus();
         few.field(QStringLiteral("Row999"))->SetFocus();
         const QWidget *editor = many.d()->rowEditor().editor();
@@ -316,8 +312,7 @@ private slots:
         }
         QVERIFY(onScreen > 0 && onScreen < 20);
         // A row's text as a user sees it: a number row reads its number.
-        QCOMPARE(
-            table->tableInterface()->cellAt(1, 1)->text(QAccessible::Value), QStringLiteral("12"));
+        QCOMPARE(table->tableInterface()->cellAt(1, 1)->text(QAccessible::Value), "12");
     }
 };
 

@@ -56,8 +56,7 @@ struct RandomUser
     QVariant lastWritten;
     Field *lastWrittenField = nullptr;
 
-    // One action; returns what it did, for the failure message. Keys weigh four, clicks and
-    // writes two, the wheel or the scroll bar and the rows one.
+    // One action, weighted; returns what it did, for the failure message.
     QString act()
     {
         const int n = pick(10);
@@ -140,8 +139,7 @@ struct RandomUser
         return "wrote " + lastWritten.toString() + " to " + lastWrittenField->Name();
     }
 
-    // A host moves the first row, removes a row or adds one, and lays the grid out at once or
-    // leaves that for later.
+    // A host moves the first row, removes or adds one, and lays out at once or later.
     QString changeRows()
     {
         Fields *fields = m_user.grid->Fields();
@@ -186,8 +184,7 @@ private slots:
             user.addOfType(type, UserGrid::typeName(type) + '2');
         }
         user.grid->Refresh(true);
-        // A field added raises Changed as its value is set, before it joins the collection; by
-        // the end of the step every field named must be one of the grid's.
+        // A field added raises Changed before it joins; by the step's end it must be there.
         QVector<QPointer<Field>> changed;
         QObject::connect(user.grid, &kwPropertyControl::Changed, user.grid,
             [&](Field *field) { changed << field; });

@@ -1,5 +1,4 @@
-// The grid: persisted properties, rows, layout and scrolling in twips, typing, and its life in a
-// window.
+// The grid: persisted properties, rows, layout and scrolling in twips, typing, its life.
 
 #include "grid/GridHost.h"
 
@@ -65,9 +64,8 @@ private slots:
         row("names too wide are ignored", ftText, 3, 0, 3800, 725, 2960, -1);
     }
 
-    // Rows share one border line, 300 twips apart, and every editor lies beside its name cell in
-    // the value column, its live widget where the row is painted; the date picker is made 10
-    // twips wider than the others until a full layout (intended).
+    // Rows overlap by their border line; a date picker is 10 twips wider until a full layout
+    // (intended).
     void rowsLieOnTheCanvas()
     {
         const auto [type, rows, hidden, nameWidth, left, width, maximum]
@@ -105,9 +103,7 @@ private slots:
             host.view()->editorRect(FieldPrivate::get(first)->m_row));
     }
 
-    // A click on the row at the bottom edge, which shows its top border line only, scrolls it in
-    // by one row; the scroll bar moves the canvas, and a drag leaves FirstRow until the release;
-    // the focus brings a row into view, and the view can leave it again.
+    // A row showing only its top border scrolls in when clicked; a drag sets FirstRow on release.
     void scrollingMovesTheCanvas()
     {
         GridHost host(4005, 1215);
@@ -194,8 +190,7 @@ private slots:
         QVERIFY(host.d()->rowOf(field) >= 0);
     }
 
-    // The repaint clears the busy flag that a failed layout left, as the grid's paint handler
-    // does; the covered surface hears of the repaint through its viewport and canvas.
+    // The repaint clears the busy flag that a failed layout left, as the paint handler does.
     void aLayoutThatFailedIsFreedByTheNextRepaint()
     {
         GridHost host;
@@ -213,8 +208,7 @@ private slots:
         QTRY_VERIFY((host.grid->Refresh(true), host.row(host.field("Row2")).top == 385.0f));
     }
 
-    // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
-    // few whole rows, and still does when its window is made as small as it goes.
+    // A grid alone in a layout shows a few whole rows, even in a window as small as it goes.
     void aloneInALayoutTheGridShowsAFewRows()
     {
         ErrorRecorder errors;
@@ -245,8 +239,7 @@ private slots:
             row(QByteArray::number(type), type);
     }
 
-    // A grid goes while a row of it has the focus: its controls leave one by one, and the focus
-    // that each passes on must not reach the rows' handlers.
+    // The focus passed on while the grid's controls go must not reach the rows' handlers.
     void deletingAGridWithTheFocusInARow()
     {
         const auto [type] = fetch<int>();
