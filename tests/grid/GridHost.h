@@ -34,8 +34,7 @@ public:
     {
         window.show();
         window.activateWindow();
-        shown = QTest::qWaitForWindowActive(&window);
-        return shown;
+        return shown = QTest::qWaitForWindowActive(&window);
     }
 
     Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},

@@ -232,8 +232,7 @@ private slots:
         file("trailing blank", Header + " \r\n" + TwoFields, false);
         file("LF line ends", QByteArray(Header + "\n" + TwoFields).replace("\r\n", "\n"), false);
         // A missing file is reported twice: its message, then the failed read of its first line.
-        const QString missing = m_dir.filePath("none.kwdef");
-        unreadable("missing file", missing);
+        unreadable("missing file", m_dir.filePath("none.kwdef"));
         const QString folder = m_dir.filePath("folder.kwdef");
         QVERIFY(QDir().mkpath(folder));
         unreadable("a directory", folder);

@@ -121,10 +121,10 @@ private slots:
         }
 
         const QVector<QWidget *> parts = focusParts(user.editorOf(target));
-        const qsizetype at = std::find_if(parts.begin(), parts.end(), [](QWidget *part) {
-            return part == QApplication::focusWidget()
-                || part->isAncestorOf(QApplication::focusWidget());
-        }) - parts.begin();
+        QWidget *focus = QApplication::focusWidget();
+        qsizetype at = 0;
+        while (at < parts.size() && parts[at] != focus && !parts[at]->isAncestorOf(focus))
+            ++at;
         QVERIFY(at < parts.size());
         const bool back = way == Tab;
         for (qsizetype tabs = back ? 1 : parts.size() - at; tabs > 0; --tabs)
