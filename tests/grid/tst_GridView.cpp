@@ -3,7 +3,6 @@
 #include "grid/UserGrid.h"
 
 #include <QAccessible>
-#include <QAccessibleTableInterface>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QtTest>

@@ -6,7 +6,6 @@
 #include "runtime/Values.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
