@@ -4,6 +4,7 @@
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
+#include "fieldmodel/lFieldTypes_p.h"
 #include "grid/GridView.h"
 #include "grid/kwPropertyControl_p.h"
 #include "runtime/Twips.h"
@@ -48,6 +49,9 @@ public:
         for (int i = 1; i <= count; ++i)
             add(QStringLiteral("Row%1").arg(i), type);
     }
+
+    // The type's name in the definition language.
+    static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
 
     Field *field(const QString &name) const { return grid->Fields()->Item(name); }
 

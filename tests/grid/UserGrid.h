@@ -8,7 +8,6 @@
 
 #include "editors/FieldKind.h"
 #include "fieldmodel/DropDownValues_p.h"
-#include "fieldmodel/lFieldTypes_p.h"
 #include "runtime/Dialogs.h"
 
 #include <QApplication>
@@ -69,9 +68,6 @@ public:
         field->setValue(values[type - 1]);
         return field;
     }
-
-    // The type's name in the definition language.
-    static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
 
     // The row's live editor, made for it as when the pointer comes to it.
     QWidget *editorOf(Field *field) const

@@ -2,7 +2,6 @@
 
 #include "GridHost.h"
 
-#include "fieldmodel/lFieldTypes_p.h"
 #include "grid/DefinitionText.h"
 #include "runtime/Values.h"
 #include <kwFieldDeck/DropDownValue.h>
@@ -34,8 +33,8 @@ const QStringList ReadTwo = { "Name:TEXT=x", "Level:SLIDER= 0..9" };
 QString summary(Field *field)
 {
     const EditorState &state = GridHost::state(field);
-    QString text = field->Name() + ':' + fieldTypeNames().split(',').value(field->FieldType() - 1)
-        + '=' + textOf(field->Value());
+    QString text = field->Name() + ':' + GridHost::typeName(field->FieldType()) + '='
+        + textOf(field->Value());
     if (field->FieldType() == ftSlider)
         text += QStringLiteral(" %1..%2").arg(textOf(field->Min()), textOf(field->Max()));
     if (field->FieldType() == ftCombo) {

@@ -104,8 +104,7 @@ private slots:
         }
         QCoreApplication::processEvents();
 
-        QTRY_COMPARE_WITH_TIMEOUT(
-            user.where(), QStringLiteral("Target, Target, About Target"), 500);
+        QTRY_COMPARE_WITH_TIMEOUT(user.where(), "Target, Target, About Target", 500);
         // Arriving at a "..." button opens its dialog or window once.
         const bool onButton = way == Backtab || way == Up || part == 1;
         QCOMPARE(user.dialogs, type >= ftFileSelector && onButton ? 1 : 0);

@@ -143,10 +143,8 @@ private slots:
             QVERIFY2(errors.errors[0].description.contains(aside),
                 qPrintable(errors.errors[0].description));
             QCOMPARE(readFile(aside), damaged);
-            QCOMPARE(
-                SettingsStore::GetSetting(App, Section, Setting), QStringLiteral("Server=second"));
-            QCOMPARE(SettingsStore::GetSetting(App, QStringLiteral("Other"), Setting),
-                QStringLiteral("kept"));
+            QCOMPARE(SettingsStore::GetSetting(App, Section, Setting), "Server=second");
+            QCOMPARE(SettingsStore::GetSetting(App, "Other", Setting), "kept");
             field->setValue(QStringLiteral("first"));
             host.grid->SaveValuesToRegistry(App, Section, Setting);
             QCOMPARE(errors.errors.size(), 1);
