@@ -122,11 +122,16 @@ auto columns()
     };
 }
 
+template <typename... T, std::size_t... I>
+std::tuple<T...> fetch(std::index_sequence<I...>)
+{
+    return { *static_cast<T *>(QTest::qData(column(int(I)), qMetaTypeId<T>()))... };
+}
+
 template <typename... T>
 std::tuple<T...> fetch()
 {
-    int i = 0;
-    return { *static_cast<T *>(QTest::qData(column(i++), qMetaTypeId<T>()))... };
+    return fetch<T...>(std::index_sequence_for<T...>());
 }
 
 // A definition text written on one line: "|" stands for the CR LF between its lines.

@@ -53,7 +53,7 @@ struct RandomUser
     UserGrid &m_user;
     QRandomGenerator m_random;
     int m_added = 0;
-    QVariant lastWritten;
+    QVariant lastWritten = {};
     Field *lastWrittenField = nullptr;
 
     // One action, weighted; returns what it did, for the failure message.
