@@ -99,24 +99,19 @@ inline QStringList reports(const MessageRecorder &messages, const ErrorRecorder 
 // An error as reports() gives it, raised in one of the grid's procedures.
 inline QString gridError(int number, const char *procedure)
 {
-    return QStringLiteral("error %1 in Sub '%2' of User Control 'kwPropertyControl'")
-        .arg(number)
-        .arg(QLatin1String(procedure));
+    return QString::asprintf(
+        "error %d in Sub '%s' of User Control 'kwPropertyControl'", number, procedure);
 }
 
 // Columns named by their place: columns<T...>() declares them and returns the function that adds a
 // row; fetch<T...>() gives the current row's values in the same order.
-inline const char *column(int i)
-{
-    static const char *const names[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
-    return names[i];
-}
+inline const char *const columnNames[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
 
 template <typename... T>
 auto columns()
 {
     int i = 0;
-    (QTest::addColumn<T>(column(i++)), ...);
+    (QTest::addColumn<T>(columnNames[i++]), ...);
     return [](const QByteArray &tag, const T &...values) {
         (QTest::newRow(tag.constData()) << ... << values);
     };
@@ -125,7 +120,7 @@ auto columns()
 template <typename... T, std::size_t... I>
 std::tuple<T...> fetch(std::index_sequence<I...>)
 {
-    return { *static_cast<T *>(QTest::qData(column(int(I)), qMetaTypeId<T>()))... };
+    return { *static_cast<T *>(QTest::qData(columnNames[I], qMetaTypeId<T>()))... };
 }
 
 template <typename... T>
