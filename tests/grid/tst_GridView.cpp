@@ -87,10 +87,8 @@ private slots:
             target->SetFocus();
         } else if (way < Name) {
             (way == Tab || way == Down ? before : after)->SetFocus();
-            user.press(way == Down ? Qt::Key_Down
-                    : way == Up    ? Qt::Key_Up
-                                   : Qt::Key_Tab,
-                way == Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+            const Qt::Key keys[] = { Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up };
+            user.press(keys[way - Tab], way == Backtab ? Qt::ShiftModifier : Qt::NoModifier);
         } else if (way == Name) {
             const QRect name = user.view()->nameCellRect(FieldPrivate::get(target)->m_row);
             QTest::mouseClick(user.view(), Qt::LeftButton, {}, name.center());
