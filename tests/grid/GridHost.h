@@ -4,6 +4,7 @@
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
+#include "fieldmodel/lFieldTypes_p.h"
 #include "grid/GridView.h"
 #include "grid/kwPropertyControl_p.h"
 #include "runtime/Twips.h"
@@ -34,8 +35,7 @@ public:
     {
         window.show();
         window.activateWindow();
-        shown = QTest::qWaitForWindowActive(&window);
-        return shown;
+        return shown = QTest::qWaitForWindowActive(&window);
     }
 
     Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},
@@ -50,14 +50,18 @@ public:
             add(QStringLiteral("Row%1").arg(i), type);
     }
 
+    // The type's name in the definition language.
+    static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
+
     Field *field(const QString &name) const { return grid->Fields()->Item(name); }
 
-    QStringList fieldNames() const
+    // What `of` gives of each field in order: its name unless told otherwise.
+    QStringList each(const std::function<QString(Field *)> &of = &Field::Name) const
     {
-        QStringList names;
+        QStringList all;
         for (Field *field : *grid->Fields())
-            names << field->Name();
-        return names;
+            all << of(field);
+        return all;
     }
 
     kwPropertyControlPrivate *d() const { return kwPropertyControlPrivate::get(grid); }
@@ -95,9 +99,34 @@ inline QStringList reports(const MessageRecorder &messages, const ErrorRecorder 
 // An error as reports() gives it, raised in one of the grid's procedures.
 inline QString gridError(int number, const char *procedure)
 {
-    return QStringLiteral("error %1 in Sub '%2' of User Control 'kwPropertyControl'")
-        .arg(number)
-        .arg(QLatin1String(procedure));
+    return QString::asprintf(
+        "error %d in Sub '%s' of User Control 'kwPropertyControl'", number, procedure);
+}
+
+// Columns named by their place: columns<T...>() declares them and returns the function that adds a
+// row; fetch<T...>() gives the current row's values in the same order.
+inline const char *const columnNames[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
+
+template <typename... T>
+auto columns()
+{
+    int i = 0;
+    (QTest::addColumn<T>(columnNames[i++]), ...);
+    return [](const QByteArray &tag, const T &...values) {
+        (QTest::newRow(tag.constData()) << ... << values);
+    };
+}
+
+template <typename... T, std::size_t... I>
+std::tuple<T...> fetch(std::index_sequence<I...>)
+{
+    return { *static_cast<T *>(QTest::qData(columnNames[I], qMetaTypeId<T>()))... };
+}
+
+template <typename... T>
+std::tuple<T...> fetch()
+{
+    return fetch<T...>(std::index_sequence_for<T...>());
 }
 
 // A definition text written on one line: "|" stands for the CR LF between its lines.

@@ -8,7 +8,6 @@
 
 #include "editors/FieldKind.h"
 #include "fieldmodel/DropDownValues_p.h"
-#include "fieldmodel/lFieldTypes_p.h"
 #include "runtime/Dialogs.h"
 
 #include <QApplication>
@@ -22,15 +21,8 @@ class UserGrid : public GridHost
 public:
     explicit UserGrid(float height = 2400, bool show = true)
         : GridHost(5000, height, show)
-        , m_openFile(Dialogs::setOpenFileHandler([this](const Dialogs::OpenFileRequest &) {
-            ++dialogs;
-            return dialogAnswer;
-        }))
-        , m_browseFolder(
-              Dialogs::setBrowseFolderHandler([this](const Dialogs::BrowseFolderRequest &) {
-                  ++dialogs;
-                  return dialogAnswer;
-              }))
+        , m_openFile(Dialogs::setOpenFileHandler([this](auto &) { return answer(); }))
+        , m_browseFolder(Dialogs::setBrowseFolderHandler([this](auto &) { return answer(); }))
         , m_memoWindow([this](QDialog &dialog) {
             ++dialogs;
             dialog.hide();
@@ -48,8 +40,7 @@ public:
         Dialogs::setBrowseFolderHandler(std::move(m_browseFolder));
     }
 
-    // Closes a drop-down list or calendar that is open, as a user who picks nothing does, and
-    // gives the activation back to the grid's window as the desktop would.
+    // Closes an open list or calendar, and gives the activation back as the desktop would.
     void closePopup()
     {
         QWidget *popup = QApplication::activePopupWidget();
@@ -78,11 +69,7 @@ public:
         return field;
     }
 
-    // The type's name in the definition language.
-    static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
-
-    // The live editor of the field's row, made for it if it has none yet, as the row gets one
-    // when the pointer comes to it.
+    // The row's live editor, made for it as when the pointer comes to it.
     QWidget *editorOf(Field *field) const
     {
         if (d()->rowEditor().row() != field)
@@ -94,6 +81,14 @@ public:
     Field *focusedField() const
     {
         return d()->rowEditor().holdsFocus() ? d()->rowEditor().row() : nullptr;
+    }
+
+    // Where the user is: the focused row, the highlighted row, the description shown.
+    QString where() const
+    {
+        const Field *focused = focusedField(), *lit = d()->highlighted();
+        return (focused ? focused->Name() : "-") + ", " + (lit ? lit->Name() : "-") + ", "
+            + description.text();
     }
 
     // The fields whose name cells show the highlight.
@@ -113,8 +108,7 @@ public:
         QCoreApplication::processEvents();
     }
 
-    // The wheel turned by notches (positive: towards the user) over a point of the view, on
-    // whatever widget lies there.
+    // The wheel turned by notches (positive: towards the user) over a point of the view.
     void turnWheel(const QPoint &at, int notches) const
     {
         QWidget *target = view()->childAt(at) ? view()->childAt(at) : view();
@@ -131,6 +125,12 @@ public:
     QString dialogAnswer;
 
 private:
+    QString answer()
+    {
+        ++dialogs;
+        return dialogAnswer;
+    }
+
     Dialogs::OpenFileHandler m_openFile;
     Dialogs::BrowseFolderHandler m_browseFolder;
     ModalShowDriver m_memoWindow;

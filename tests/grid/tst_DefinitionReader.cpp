@@ -2,7 +2,6 @@
 
 #include "GridHost.h"
 
-#include "fieldmodel/lFieldTypes_p.h"
 #include "grid/DefinitionText.h"
 #include "runtime/Values.h"
 #include <kwFieldDeck/DropDownValue.h>
@@ -34,8 +33,8 @@ const QStringList ReadTwo = { "Name:TEXT=x", "Level:SLIDER= 0..9" };
 QString summary(Field *field)
 {
     const EditorState &state = GridHost::state(field);
-    QString text = field->Name() + ':' + fieldTypeNames().split(',').value(field->FieldType() - 1)
-        + '=' + textOf(field->Value());
+    QString text = field->Name() + ':' + GridHost::typeName(field->FieldType()) + '='
+        + textOf(field->Value());
     if (field->FieldType() == ftSlider)
         text += QStringLiteral(" %1..%2").arg(textOf(field->Min()), textOf(field->Max()));
     if (field->FieldType() == ftCombo) {
@@ -50,14 +49,6 @@ QString summary(Field *field)
     if (field->FieldType() == ftFileSelector)
         text += ' ' + QStringList { field->Title(), field->Filter(), field->InitDir() }.join('|');
     return text;
-}
-
-QStringList summaries(const GridHost &host)
-{
-    QStringList all;
-    for (Field *field : *host.grid->Fields())
-        all << summary(field);
-    return all;
 }
 
 } // namespace
@@ -96,26 +87,21 @@ private slots:
                     "VALUE=5|ENDFIELD"));
         QCOMPARE(reports(messages, errors), QStringList());
         QCOMPARE(host.grid->FieldNameWidth(), 1800.0f);
-        QCOMPARE(summaries(host),
+        QCOMPARE(host.each(summary),
             QStringList({ "Colour:COMBO=2 [1:Red 2:Green*]", "Volume:SLIDER=5 0..11" }));
         QCOMPARE(returned, host.field("Volume"));
     }
 
     void linesAreReadByTheirRules_data()
     {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<QStringList>("fields");
-        QTest::addColumn<QStringList>("reported");
-        auto row = [](const char *name, const QString &definition, const QStringList &fields,
-                       const QStringList &reported = {}) {
-            QTest::newRow(name) << defText(definition) << fields << reported;
-        };
+        // The definition with "|" for CR LF, the fields read and what was reported.
+        auto row = columns<QString, QStringList, QStringList>();
         const QString critical = Grid + ": ";
         row("keywords in any case, tabs removed after trimming, an unfinished block dropped",
             "Add Field Mixed|tYpE=Memo|end field| ADDFIELD Tab\t|\tTYPE=\tTEXT\t |"
             "FIELDNAMEWIDTH=3000|END\tFIELD|ADDFIELD B",
-            { "Mixed:MEMO=", "Tab:TEXT=" });
-        row("LF alone is no line break", "ADDFIELD x\nTYPE=TEXT\nENDFIELD", {});
+            { "Mixed:MEMO=", "Tab:TEXT=" }, {});
+        row("LF alone is no line break", "ADDFIELD x\nTYPE=TEXT\nENDFIELD", {}, {});
         row("blank before the equals", "ADDFIELD x|TYPE = TEXT|ENDFIELD", {},
             { critical + NoNameOrType });
         row("ADD FIELD without a name", "ADD FIELD|TYPE=TEXT|ENDFIELD", {},
@@ -161,24 +147,23 @@ private slots:
                 + "|TABLE=sizes|LISTFIELD=label|VALUEFIELD=id|VALUE=20|ENDFIELD",
             { "First:COMBO= [1:a 2:b]", "C1:COMBO=0 [R:Red* G:Green B:Blue]",
                 "C2:COMBO=0 [R:Red* G:Green B:Blue]", "C3:COMBO= [3:Red 4:Green 5:Blue]",
-                "C4:COMBO=20 [10:Small 20:Medium* 30:Large]" });
+                "C4:COMBO=20 [10:Small 20:Medium* 30:Large]" },
+            {});
         // File selector keys arrive upper-cased; the value keeps its case.
         row("file selector keys",
             "ADDFIELD Log|TYPE=FileSelector|TITLE=My Files|FILTER=Logs "
             "(*.log)|INITDIR=/no/Such|VALUE=/tmp/Mixed.log|ENDFIELD",
-            { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" });
-        // DESCRIPTION= gives a field its help text: read as VALUE is (the key in any case, the
-        // value trimmed, up to a second "=", the last one kept), inside a block only, and reset
-        // at each ADDFIELD.
+            { "Log:FILESELECTOR=/tmp/Mixed.log MY FILES|LOGS (*.LOG)|/NO/SUCH" }, {});
+        // DESCRIPTION= is read as VALUE is, inside a block only, and reset at each ADDFIELD.
         row("description",
             "DESCRIPTION=lost|ADDFIELD A|TYPE=TEXT|Description=  Name of the Server  |ENDFIELD|"
             "ADDFIELD B|DESCRIPTION=1|TYPE=TEXT|DESCRIPTION=2|ENDFIELD|"
             "ADDFIELD C|TYPE=TEXT|DESCRIPTION = x|ENDFIELD|ADDFIELD D|DESCRIPTION=a=b|TYPE=TEXT|"
             "ENDFIELD",
-            { "A:TEXT= \"Name of the Server\"", "B:TEXT= \"2\"", "C:TEXT=", "D:TEXT= \"a\"" });
+            { "A:TEXT= \"Name of the Server\"", "B:TEXT= \"2\"", "C:TEXT=", "D:TEXT= \"a\"" }, {});
         row("description among combo items",
             "ADDFIELD C|TYPE=COMBO|ADDCOMBOITEMS|1=One|DESCRIPTION=Pick one|ENDCOMBOITEMS|ENDFIELD",
-            { "C:COMBO= [1:One] \"Pick one\"" });
+            { "C:COMBO= [1:One] \"Pick one\"" }, {});
         row("description kept by a block left open",
             "ADDFIELD A|DESCRIPTION=kept|ENDFIELD|TYPE=TEXT|ENDFIELD", { "A:TEXT= \"kept\"" },
             { critical + NoNameOrType });
@@ -186,25 +171,19 @@ private slots:
 
     void linesAreReadByTheirRules()
     {
-        QFETCH(QString, definition);
-        QFETCH(QStringList, fields);
-        QFETCH(QStringList, reported);
+        const auto [definition, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
         MessageRecorder messages;
         ErrorRecorder errors;
-        host.grid->ReadDef(definition);
-        QCOMPARE(summaries(host), fields);
+        host.grid->ReadDef(defText(definition));
+        QCOMPARE(host.each(summary), fields);
         QCOMPARE(reports(messages, errors), reported);
         QCOMPARE(host.grid->FieldNameWidth(), 750.0f);
     }
 
     void cleaningTidiesTheText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("cleaned");
-        auto row = [](const char *name, const char *text, const char *cleaned) {
-            QTest::newRow(name) << QString(text) << QString(cleaned);
-        };
+        auto row = columns<QString, QString>();
         row("three breaks become two", "  A\r\n\r\n\r\nB  ", "A\r\n\r\nB");
         row("two breaks become one", "A\r\n\r\nB", "A\r\nB");
         row("four breaks become two", "A\r\n\r\n\r\n\r\nB", "A\r\n\r\nB");
@@ -215,16 +194,13 @@ private slots:
 
     void cleaningTidiesTheText()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, cleaned);
+        const auto [text, cleaned] = fetch<QString, QString>();
         QCOMPARE(CleanDefinitionText(text), cleaned);
     }
 
     void loadDefFileReadsTheFileOrReportsWhy_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QStringList>("fields");
-        QTest::addColumn<QStringList>("reported");
+        auto row = columns<QString, QStringList, QStringList>();
         int files = 0;
         // Each file is written in other letter case than named: it is found all the same.
         auto file = [&](const char *name, const QByteArray &bytes, bool accepted,
@@ -232,14 +208,13 @@ private slots:
             const QString path = write(QString::number(++files) + ".KwDef", bytes).toLower();
             const QString refused
                 = Grid + ": " + CannotOpen + "File Format Does not Match!\r\n\r\n" + path;
-            QTest::newRow(name) << path << QStringList { "Earlier:TEXT=" } + fields
-                                << (accepted ? QStringList() : QStringList { refused });
+            row(name, path, QStringList { "Earlier:TEXT=" } + fields,
+                accepted ? QStringList() : QStringList { refused });
         };
-        auto unreadable = [](const char *name, const QString &path, bool said = true) {
-            QTest::newRow(name) << path << QStringList { "Earlier:TEXT=" }
-                                << (said ? QStringList { Grid + ": " + CannotOpen + path }
-                                         : QStringList())
-                    + QStringList { gridError(ErrSubscriptOutOfRange, "LoadDefFile") };
+        auto unreadable = [&](const char *name, const QString &path, bool said = true) {
+            row(name, path, { "Earlier:TEXT=" },
+                (said ? QStringList { Grid + ": " + CannotOpen + path } : QStringList())
+                    << gridError(ErrSubscriptOutOfRange, "LoadDefFile"));
         };
         file("as written", Header + "\r\n" + TwoFields, true, ReadTwo);
         file("lower case", "property control definition file\r\n" + TwoFields, true, ReadTwo);
@@ -256,8 +231,7 @@ private slots:
         file("trailing blank", Header + " \r\n" + TwoFields, false);
         file("LF line ends", QByteArray(Header + "\n" + TwoFields).replace("\r\n", "\n"), false);
         // A missing file is reported twice: its message, then the failed read of its first line.
-        const QString missing = m_dir.filePath("none.kwdef");
-        unreadable("missing file", missing);
+        unreadable("missing file", m_dir.filePath("none.kwdef"));
         const QString folder = m_dir.filePath("folder.kwdef");
         QVERIFY(QDir().mkpath(folder));
         unreadable("a directory", folder);
@@ -275,20 +249,17 @@ private slots:
 
     void loadDefFileReadsTheFileOrReportsWhy()
     {
-        QFETCH(QString, path);
-        QFETCH(QStringList, fields);
-        QFETCH(QStringList, reported);
+        const auto [path, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
         host.add("Earlier");
         MessageRecorder messages;
         ErrorRecorder errors;
         host.grid->LoadDefFile(path);
-        QCOMPARE(summaries(host), fields);
+        QCOMPARE(host.each(summary), fields);
         QCOMPARE(reports(messages, errors), reported);
     }
 
-    // Noise and files cut anywhere: the reader keeps the complete blocks before the cut, in
-    // order, reports at most once, and the grid takes definitions afterwards.
+    // Cut or noisy files: the blocks before the cut are kept in order, one report at most.
     void damagedFilesKeepWhatWasRead()
     {
         const QByteArray whole
@@ -297,19 +268,18 @@ private slots:
         MessageRecorder messages;
         GridHost complete;
         complete.grid->LoadDefFile(write("whole.kwdef", whole));
-        const QStringList all = complete.fieldNames();
+        const QStringList all = complete.each();
         QVERIFY(all.size() > 10);
         for (int cut = 1; cut < whole.size(); cut += 37) {
             GridHost host;
             ErrorRecorder errors;
             host.grid->LoadDefFile(write("cut.kwdef", whole.left(cut)));
             // A block cut in its name line may arrive under the shorter name.
-            const QStringList names = host.fieldNames();
+            const QStringList names = host.each();
             QVERIFY(names.size() <= all.size());
             for (int i = 0; i < names.size(); ++i)
                 QVERIFY2(all.at(i).startsWith(names.at(i)), qPrintable(names[i]));
-            // A cut right after "ADDFIELD" fails as that line without a name does; a cut inside a
-            // table or column name fails to read it.
+            // A cut after "ADDFIELD" fails as that line without a name does.
             QVERIFY(errors.errors.size() <= 1);
             if (whole.left(cut).endsWith("\nADDFIELD"))
                 QCOMPARE(errors.errors.size(), 1);

@@ -10,28 +10,23 @@
 #include <QPointer>
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QScrollBar>
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using kwFieldDeck::test::UserGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 // What a host's write must read back as, for the field's type.
 bool readsBackAsWritten(const Field *field, const QVariant &written)
 {
+    const int type = field->FieldType();
     const QString read = textOf(field->Value());
-    switch (field->FieldType()) {
-    case ftNumeric:
-    case ftSlider:
-        return leadingNumber(read) == leadingNumber(textOf(written));
-    case ftCheckBox:
-        return (leadingNumber(read) != 0) == (leadingNumber(textOf(written)) != 0);
-    case ftDate:
+    const double number = leadingNumber(read), wrote = leadingNumber(textOf(written));
+    if (type == ftDate)
         return isDate(field->Value()) && toDate(field->Value()) == written.toDate();
-    default:
-        return read == textOf(written);
-    }
+    if (type == ftCheckBox)
+        return (number != 0) == (wrote != 0);
+    return type == ftNumeric || type == ftSlider ? number == wrote : read == textOf(written);
 }
 
 // A number box's shown text (live editor or kept) with a character its key filter refuses.
@@ -42,7 +37,7 @@ QString refusedCharacterShown(const UserGrid &user)
     for (Field *field : *user.grid->Fields()) {
         if (field->FieldType() != ftNumeric && field->FieldType() != ftSlider)
             continue;
-        QString shown = test::GridHost::state(field).text;
+        QString shown = GridHost::state(field).text;
         if (live && user.d()->rowEditor().row() == field) {
             const auto *box = qobject_cast<const QLineEdit *>(live);
             shown = (box ? box : live->findChild<QLineEdit *>(QStringLiteral("txtNum")))->text();
@@ -53,30 +48,21 @@ QString refusedCharacterShown(const UserGrid &user)
     return {};
 }
 
-class RandomUser
+struct RandomUser
 {
-public:
-    RandomUser(UserGrid &user, quint32 seed)
-        : m_user(user)
-        , m_random(seed)
-    {
-    }
-
-    // One action; returns what it did, for the failure message. Keys weigh four, clicks and
-    // writes two, the wheel or the scroll bar and the rows one.
-    QString act()
-    {
-        using Action = QString (RandomUser::*)();
-        static const Action actions[] = { &RandomUser::key, &RandomUser::key, &RandomUser::key,
-            &RandomUser::key, &RandomUser::click, &RandomUser::click, &RandomUser::write,
-            &RandomUser::write, &RandomUser::scroll, &RandomUser::changeRows };
-        return (this->*actions[pick(10)])();
-    }
-
-    QVariant lastWritten;
+    UserGrid &m_user;
+    QRandomGenerator m_random;
+    int m_added = 0;
+    QVariant lastWritten = {};
     Field *lastWrittenField = nullptr;
 
-private:
+    // One action, weighted; returns what it did, for the failure message.
+    QString act()
+    {
+        const int n = pick(10);
+        return n < 4 ? key() : n < 6 ? click() : n < 8 ? write() : n < 9 ? scroll() : changeRows();
+    }
+
     int pick(int count) { return int(m_random.bounded(quint32(count))); }
 
     Field *anyField()
@@ -88,15 +74,12 @@ private:
     // A key that moves, opens, closes or ticks, a pasted text or a typed character.
     QString key()
     {
-        static const QVector<QPair<Qt::Key, Qt::KeyboardModifiers>> keys = { { Qt::Key_Tab, {} },
-            { Qt::Key_Tab, Qt::ShiftModifier }, { Qt::Key_Backtab, Qt::ShiftModifier },
-            { Qt::Key_Up, {} }, { Qt::Key_Down, {} }, { Qt::Key_Left, {} }, { Qt::Key_Right, {} },
-            { Qt::Key_PageUp, {} }, { Qt::Key_PageDown, {} }, { Qt::Key_Home, Qt::ControlModifier },
-            { Qt::Key_End, Qt::ControlModifier }, { Qt::Key_Escape, {} }, { Qt::Key_F4, {} },
-            { Qt::Key_Space, {} }, { Qt::Key_V, Qt::ControlModifier }, { Qt::Key_A, {} },
-            { Qt::Key_X, {} }, { Qt::Key_1, {} }, { Qt::Key_9, {} }, { Qt::Key_Period, {} },
-            { Qt::Key_Minus, {} }, { Qt::Key_Plus, {} } };
-        const auto &[key, modifiers] = keys.at(pick(int(keys.size())));
+        static const QStringList keys = { "Tab", "Shift+Tab", "Shift+Backtab", "Up", "Down", "Left",
+            "Right", "PgUp", "PgDown", "Ctrl+Home", "Ctrl+End", "Esc", "F4", "Space", "Ctrl+V", "A",
+            "X", "1", "9", ".", "-", "+" };
+        const QString name = keys.at(pick(int(keys.size())));
+        const QKeyCombination pressed = QKeySequence(name)[0];
+        const auto [key, modifiers] = std::pair(pressed.key(), pressed.keyboardModifiers());
         QWidget *focus = QApplication::focusWidget();
         if (!focus)
             return QStringLiteral("key with no focus");
@@ -107,7 +90,7 @@ private:
         } else {
             QTest::keyClick(focus, key, modifiers);
         }
-        return QStringLiteral("key %1+%2").arg(int(modifiers)).arg(int(key));
+        return "key " + name;
     }
 
     // A user clicks what is on the screen, and turns the wheel over it: anywhere in the view.
@@ -122,10 +105,8 @@ private:
         QWidget *widget = m_user.view()->childAt(point);
         widget = widget ? widget : m_user.view();
         QTest::mouseClick(widget, Qt::LeftButton, {}, widget->mapFrom(m_user.view(), point));
-        return QStringLiteral("clicked %1 at %2,%3")
-            .arg(widget->objectName())
-            .arg(point.x())
-            .arg(point.y());
+        return QString::asprintf(
+            "clicked %s at %d,%d", qPrintable(widget->objectName()), point.x(), point.y());
     }
 
     QString scroll()
@@ -137,7 +118,7 @@ private:
         }
         const QPoint point = anywhere();
         m_user.turnWheel(point, pick(2) ? 1 : -1);
-        return QStringLiteral("wheel at %1,%2").arg(point.x()).arg(point.y());
+        return QString::asprintf("wheel at %d,%d", point.x(), point.y());
     }
 
     // A value of the field's type; a text longer than a text field's size.
@@ -155,8 +136,7 @@ private:
         return "wrote " + lastWritten.toString() + " to " + lastWrittenField->Name();
     }
 
-    // A host moves the first row, removes a row or adds one, and lays the grid out at once or
-    // leaves that for later.
+    // A host moves the first row, removes or adds one, and lays out at once or later.
     QString changeRows()
     {
         Fields *fields = m_user.grid->Fields();
@@ -180,10 +160,6 @@ private:
             m_user.grid->Refresh(true);
         return done;
     }
-
-    UserGrid &m_user;
-    QRandomGenerator m_random;
-    int m_added = 0;
 };
 } // namespace
 
@@ -193,9 +169,9 @@ class tst_RandomUse : public QObject
 private slots:
     void randomActionsLeaveTheGridConsistent()
     {
-        bool given = false;
-        quint32 seed = qEnvironmentVariable("KW_RANDOM_SEED").toUInt(&given);
-        seed = given ? seed : QRandomGenerator::global()->generate();
+        const QByteArray given = qgetenv("KW_RANDOM_SEED");
+        const quint32 seed
+            = given.isEmpty() ? QRandomGenerator::global()->generate() : given.toUInt();
         const int actions = qEnvironmentVariableIntValue("KW_RANDOM_ACTIONS");
         UserGrid user(1800);
         QVERIFY(user.shown);
@@ -205,12 +181,11 @@ private slots:
             user.addOfType(type, UserGrid::typeName(type) + '2');
         }
         user.grid->Refresh(true);
-        // A field added raises Changed as its value is set, before it joins the collection; by
-        // the end of the step every field named must be one of the grid's.
+        // A field added raises Changed before it joins; by the step's end it must be there.
         QVector<QPointer<Field>> changed;
         QObject::connect(user.grid, &kwPropertyControl::Changed, user.grid,
             [&](Field *field) { changed << field; });
-        RandomUser random(user, seed);
+        RandomUser random { user, QRandomGenerator(seed) };
         QStringList done;
         bool hadFocus = false;
         for (int step = 0; step < (actions > 0 ? actions : 3000); ++step) {
@@ -224,10 +199,9 @@ private slots:
             user.closePopup();
             QString problem;
             const Fields &fields = *user.grid->Fields();
-            for (const QPointer<Field> &field : std::as_const(changed)) {
+            for (const QPointer<Field> &field : std::as_const(changed))
                 if (std::find(fields.begin(), fields.end(), field.data()) == fields.end())
                     problem = " Changed named " + (field ? field->Name() : "(deleted)");
-            }
             if (Field *written = random.lastWrittenField) {
                 if (!readsBackAsWritten(written, random.lastWritten))
                     problem = " read back " + written->Value().toString();
@@ -245,11 +219,10 @@ private slots:
             if (focused && user.highlighted() != QVector<Field *> { focused })
                 problem = " focus is in " + focused->Name();
             QVERIFY2(problem.isEmpty(),
-                qPrintable(
-                    QStringLiteral("seed %1 (KW_RANDOM_SEED=%1 replays it), step %2, after: %3")
-                        .arg(seed)
-                        .arg(step)
-                        .arg(done.join(QStringLiteral("; ")) + problem)));
+                qPrintable(QString::asprintf("seed %u (KW_RANDOM_SEED=%u replays it), step %d, "
+                                             "after: ",
+                               seed, seed, step)
+                    + done.join("; ") + problem));
         }
     }
 };

@@ -6,7 +6,6 @@
 #include "runtime/Values.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -32,14 +31,8 @@ private slots:
 
     void valuesRoundTrip_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("restored");
-        auto row = [](const char *name, lFieldTypes type, const QString &value, const QString &line,
-                       const QString &restored) {
-            QTest::newRow(name) << int(type) << value << line << restored;
-        };
+        // The type, the value, its line in the store and the value restored from it.
+        auto row = columns<int, QString, QString, QString>();
         row("memo with CR LF", ftMemo, "a\r\nb", "a%CRLF%b", "a\r\nb");
         row("lone CR and LF", ftMemo, "a\rb\nc", "a\rb\nc", "a\rb\nc");
         row("empty", ftText, "", "", "");
@@ -50,10 +43,7 @@ private slots:
 
     void valuesRoundTrip()
     {
-        QFETCH(int, type);
-        QFETCH(QString, value);
-        QFETCH(QString, line);
-        QFETCH(QString, restored);
+        const auto [type, value, line, restored] = fetch<int, QString, QString, QString>();
         GridHost saving;
         saving.add("Gone", ftText, "g");
         saving.add("Field", lFieldTypes(type), value);
@@ -83,25 +73,22 @@ private slots:
     // Blank arguments get a message each time; an unwritable store an error under the grid.
     void refusedSavesChangeNothing_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QStringList>("reported");
-        auto row = [](const char *name, const QStringList &arguments, const char *argument) {
-            const QString message
-                = "kwPropertyControl: " + QLatin1String(argument) + " is not optional!";
-            QTest::newRow(name) << arguments << QStringList { message, message };
+        auto row = columns<QStringList, QStringList>();
+        auto blank = [&](const char *name, const QStringList &arguments, const QString &argument) {
+            const QString message = "kwPropertyControl: " + argument + " is not optional!";
+            row(name, arguments, { message, message });
         };
-        row("no AppName", { "", "S", "K" }, "AppName");
-        row("AppName of blanks", { "   ", "S", "K" }, "AppName");
-        row("no Section", { "A", " ", "K" }, "Section");
-        row("no Setting", { "A", "S", "" }, "Setting");
-        QTest::newRow("store is a directory") << QStringList { App, Section,
-            Setting } << QStringList { gridError(75, "SaveValuesToRegistry") };
+        blank("no AppName", { "", "S", "K" }, "AppName");
+        blank("AppName of blanks", { "   ", "S", "K" }, "AppName");
+        blank("no Section", { "A", " ", "K" }, "Section");
+        blank("no Setting", { "A", "S", "" }, "Setting");
+        row("store is a directory", { App, Section, Setting },
+            { gridError(75, "SaveValuesToRegistry") });
     }
 
     void refusedSavesChangeNothing()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QStringList, reported);
+        const auto [arguments, reported] = fetch<QStringList, QStringList>();
         QVERIFY(QDir().mkpath(SettingsStore::filePath(App) + QStringLiteral("/inside")));
         GridHost host;
         Field *field = host.add("F", ftText, "value");
@@ -118,17 +105,17 @@ private slots:
 
     void aDamagedStoreIsReadAndKeptWholeBesideTheNextSave_data()
     {
-        QTest::addColumn<QByteArray>("damage");
-        QTest::newRow("note line") << QByteArray("# my settings\n");
-        QTest::newRow("line without =") << QByteArray("no equals sign\n");
-        QTest::newRow("unclosed section") << QByteArray("[section\n");
-        QTest::newRow("NUL byte") << QByteArray("\0\n", 2);
-        QTest::newRow("100 KB line") << QByteArray(100 * 1024, 'x') + '\n';
+        auto row = columns<QByteArray>();
+        row("note line", "# my settings\n");
+        row("line without =", "no equals sign\n");
+        row("unclosed section", "[section\n");
+        row("NUL byte", QByteArray("\0\n", 2));
+        row("100 KB line", QByteArray(100 * 1024, 'x') + '\n');
     }
 
     void aDamagedStoreIsReadAndKeptWholeBesideTheNextSave()
     {
-        QFETCH(QByteArray, damage);
+        const auto [damage] = fetch<QByteArray>();
         const QString path = SettingsStore::filePath(App);
         GridHost host;
         Field *field = host.add("Server", ftText, "first");
@@ -156,10 +143,8 @@ private slots:
             QVERIFY2(errors.errors[0].description.contains(aside),
                 qPrintable(errors.errors[0].description));
             QCOMPARE(readFile(aside), damaged);
-            QCOMPARE(
-                SettingsStore::GetSetting(App, Section, Setting), QStringLiteral("Server=second"));
-            QCOMPARE(SettingsStore::GetSetting(App, QStringLiteral("Other"), Setting),
-                QStringLiteral("kept"));
+            QCOMPARE(SettingsStore::GetSetting(App, Section, Setting), "Server=second");
+            QCOMPARE(SettingsStore::GetSetting(App, "Other", Setting), "kept");
             field->setValue(QStringLiteral("first"));
             host.grid->SaveValuesToRegistry(App, Section, Setting);
             QCOMPARE(errors.errors.size(), 1);

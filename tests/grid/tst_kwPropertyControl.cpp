@@ -1,9 +1,6 @@
-// The grid: persisted properties, rows, layout and scrolling in twips, typing, and its life in a
-// window.
+// The grid: persisted properties, rows, layout and scrolling in twips, typing, its life.
 
 #include "grid/GridHost.h"
-
-#include "runtime/Twips.h"
 
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -20,11 +17,7 @@ private slots:
     // The new-instance default (invalid for the ambient font) and another value.
     void propertyHasItsDefaultAndCarriesToAnotherGrid_data()
     {
-        QTest::addColumn<QVariant>("initial");
-        QTest::addColumn<QVariant>("other");
-        auto row = [](const char *name, const QVariant &initial, const QVariant &other) {
-            QTest::newRow(name) << initial << other;
-        };
+        auto row = columns<QVariant, QVariant>();
         row("BackColor", quint32(SystemColor::ButtonFace), quint32(0x00112233));
         row("ForeColor", quint32(0), quint32(0x00445566));
         row("Enabled", false, true);
@@ -42,8 +35,7 @@ private slots:
     // A form file keeps the grid's properties as Qt's property system reads and writes them.
     void propertyHasItsDefaultAndCarriesToAnotherGrid()
     {
-        QFETCH(QVariant, initial);
-        QFETCH(QVariant, other);
+        const auto [initial, other] = fetch<QVariant, QVariant>();
         const char *name = QTest::currentDataTag();
         GridHost saved;
         QCOMPARE(saved.grid->property(name),
@@ -60,43 +52,27 @@ private slots:
 
     void rowsLieOnTheCanvas_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("hidden");
-        QTest::addColumn<float>("nameWidth");
-        QTest::addColumn<float>("left");
-        QTest::addColumn<float>("width");
-        QTest::addColumn<int>("maximum");
-        auto row = [](const char *name, int type, int rows, int hidden = 0, float nameWidth = 0,
-                       float left = 725, float width = 2960, int maximum = -1) {
-            QTest::newRow(name) << type << rows << hidden << nameWidth << left << width << maximum;
-        };
+        // Type, rows, the hidden one, FieldNameWidth set, the editors' left and width, the scroll
+        // bar's maximum (10 - 1215 / 315 + 1 = 7.14...; 3 rows and a hidden one need none).
+        auto row = columns<int, int, int, float, float, float, int>();
         for (int type = ftText; type <= ftMemo; ++type)
-            row(qPrintable(QString::number(type)), type, 3);
-        // 10 - 1215 / 315 + 1 = 7.14...; three rows and a hidden one need no scroll bar.
+            row(QByteArray::number(type), type, 3, 0, 0, 725, 2960, -1);
         row("ten rows", ftText, 10, 0, 0, 725, 2960, 7);
         row("four rows", ftNumeric, 4, 0, 0, 725, 2960, 1);
-        row("hidden row leaves no gap", ftText, 4, 2);
-        row("wider names", ftText, 3, 0, 1000, 975, 2710);
-        row("names too wide are ignored", ftText, 3, 0, 3800);
+        row("hidden row leaves no gap", ftText, 4, 2, 0, 725, 2960, -1);
+        row("wider names", ftText, 3, 0, 1000, 975, 2710, -1);
+        row("names too wide are ignored", ftText, 3, 0, 3800, 725, 2960, -1);
     }
 
-    // Rows share one border line, 300 twips apart, and every editor lies beside its name cell in
-    // the value column, its live widget where the row is painted; the date picker is made 10
-    // twips wider than the others until a full layout (intended).
+    // Rows overlap by their border line; a date picker is 10 twips wider until a full layout
+    // (intended).
     void rowsLieOnTheCanvas()
     {
-        QFETCH(int, type);
-        QFETCH(int, rows);
-        QFETCH(int, hidden);
-        QFETCH(float, nameWidth);
-        QFETCH(float, left);
-        QFETCH(float, width);
-        QFETCH(int, maximum);
+        const auto [type, rows, hidden, nameWidth, left, width, maximum]
+            = fetch<int, int, int, float, float, float, int>();
         GridHost host(4005, 1215);
         ErrorRecorder errors;
-        for (int i = 1; i <= rows; ++i)
-            host.add(QStringLiteral("Row%1").arg(i), lFieldTypes(type), {}, "About");
+        host.addRows(rows, lFieldTypes(type));
         Field *first = host.grid->Fields()->Item(1);
         QCOMPARE(host.row(first).editorWidth, type == ftDate ? 2970.0f : 2960.0f);
         if (nameWidth > 0)
@@ -111,25 +87,21 @@ private slots:
         for (Field *field : *host.grid->Fields()) {
             const CanvasRow &row = host.row(field);
             if (field->Visible()) {
-                QCOMPARE(QList<float>({ row.top, row.height, row.width, row.editorHeight }),
-                    QList<float>({ top, 315, left + 25, 315 }));
-                QCOMPARE(QList<float>({ row.editorLeft, row.editorWidth }),
-                    QList<float>({ left, width }));
+                QCOMPARE(QList<float>({ row.top, row.height, row.width, row.editorHeight,
+                             row.editorLeft, row.editorWidth }),
+                    QList<float>({ top, 315, left + 25, 315, left, width }));
                 top += 300;
             }
         }
         QCOMPARE(host.d()->canvasHeight(), top);
-        QCOMPARE(host.scrollBar()->isEnabled(), maximum > 0);
-        if (maximum > 0)
-            QCOMPARE(host.scrollBar()->maximum(), maximum);
+        // -1 stands for a disabled scroll bar.
+        QCOMPARE(host.scrollBar()->isEnabled() ? host.scrollBar()->maximum() : -1, maximum);
         host.d()->rowEditor().bind(first);
         QCOMPARE(host.d()->rowEditor().editor()->geometry(),
             host.view()->editorRect(FieldPrivate::get(first)->m_row));
     }
 
-    // A click on the row at the bottom edge, which shows its top border line only, scrolls it in
-    // by one row; the scroll bar moves the canvas, and a drag leaves FirstRow until the release;
-    // the focus brings a row into view, and the view can leave it again.
+    // A row showing only its top border scrolls in when clicked; a drag sets FirstRow on release.
     void scrollingMovesTheCanvas()
     {
         GridHost host(4005, 1215);
@@ -164,34 +136,22 @@ private slots:
 
     void typingRaisesChangedPerAcceptedKey_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QVariantList>("values");
-        QTest::addColumn<bool>("userMode");
-        auto row = [](const char *name, lFieldTypes type, const char *typed, const char *shown,
-                       const QVariantList &values, bool userMode = true) {
-            QTest::newRow(name) << int(type) << QString(typed) << QString(shown) << values
-                                << userMode;
-        };
-        row("numbers", ftNumeric, "12", "12", { 1.0, 12.0 });
-        row("text", ftText, "ab", "ab", { "a", "ab" });
+        auto row = columns<int, QString, QString, QVariantList, bool>();
+        row("numbers", ftNumeric, "12", "12", { 1.0, 12.0 }, true);
+        row("text", ftText, "ab", "ab", { "a", "ab" }, true);
         row("design mode", ftNumeric, "7", "7", { 7.0 }, false);
         // The numeric field swallows a second point, a sign after the first character, letters.
-        row("second point", ftNumeric, "1.5.2", "1.52", { 1.0, 1.0, 1.5, 1.52 });
-        row("minus first", ftNumeric, "-4", "-4", { 0.0, -4.0 });
-        row("minus later", ftNumeric, "4-2", "42", { 4.0, 42.0 });
-        row("letters", ftNumeric, "1a2b", "12", { 1.0, 12.0 });
+        row("second point", ftNumeric, "1.5.2", "1.52", { 1.0, 1.0, 1.5, 1.52 }, true);
+        row("minus first", ftNumeric, "-4", "-4", { 0.0, -4.0 }, true);
+        row("minus later", ftNumeric, "4-2", "42", { 4.0, 42.0 }, true);
+        row("letters", ftNumeric, "1a2b", "12", { 1.0, 12.0 }, true);
     }
 
     // A grid in design mode raises no Changed; the field's own Changed comes all the same.
     void typingRaisesChangedPerAcceptedKey()
     {
-        QFETCH(int, type);
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QFETCH(QVariantList, values);
-        QFETCH(bool, userMode);
+        const auto [type, typed, shown, values, userMode]
+            = fetch<int, QString, QString, QVariantList, bool>();
         GridHost host;
         QVERIFY(host.shown);
         host.grid->setAmbientUserMode(userMode);
@@ -228,8 +188,7 @@ private slots:
         QVERIFY(host.d()->rowOf(field) >= 0);
     }
 
-    // The repaint clears the busy flag that a failed layout left, as the grid's paint handler
-    // does; the covered surface hears of the repaint through its viewport and canvas.
+    // The repaint clears the busy flag that a failed layout left, as the paint handler does.
     void aLayoutThatFailedIsFreedByTheNextRepaint()
     {
         GridHost host;
@@ -247,8 +206,7 @@ private slots:
         QTRY_VERIFY((host.grid->Refresh(true), host.row(host.field("Row2")).top == 385.0f));
     }
 
-    // As the README puts it: a grid alone in a layout, with no size given by anyone, shows a
-    // few whole rows, and still does when its window is made as small as it goes.
+    // A grid alone in a layout shows a few whole rows, even in a window as small as it goes.
     void aloneInALayoutTheGridShowsAFewRows()
     {
         ErrorRecorder errors;
@@ -272,43 +230,35 @@ private slots:
         QCOMPARE(errors.sources(), QStringList());
     }
 
-    void deletingAGridWithTheFocusInARow_data()
+    void aRowWithTheFocusShowsItsDescriptionUntilTheGridGoes_data()
     {
-        QTest::addColumn<int>("type");
+        auto row = columns<int>();
         for (int type : { ftText, ftCheckBox, ftCombo, ftFileSelector })
-            QTest::newRow(qPrintable(QString::number(type))) << type;
+            row(QByteArray::number(type), type);
     }
 
-    // A grid goes while a row of it has the focus: its controls leave one by one, and the focus
-    // that each passes on must not reach the rows' handlers.
-    void deletingAGridWithTheFocusInARow()
+    // A label that is no QLabel gets the description in its Caption property. The focus passed on
+    // while the grid's controls go must not reach the rows' handlers.
+    void aRowWithTheFocusShowsItsDescriptionUntilTheGridGoes()
     {
-        QFETCH(int, type);
+        const auto [type] = fetch<int>();
         GridHost host;
         QLineEdit outside(&host.window);
         outside.move(0, host.window.height() - 30);
         outside.show();
         QVERIFY(host.shown);
-        host.addRows(3, lFieldTypes(type));
-        host.grid->Refresh(true);
-        host.field("Row2")->SetFocus();
-        QTRY_VERIFY(host.grid->isAncestorOf(QApplication::focusWidget()));
-        delete host.grid;
-        QVERIFY(!host.window.findChild<kwPropertyControl *>());
-        QTest::keyClick(&host.window, Qt::Key_Tab);
-    }
-
-    // A description label that is no QLabel gets the description in its Caption property.
-    void descriptionGoesToACaptionProperty()
-    {
-        GridHost host;
-        QVERIFY(host.shown);
         QObject statusPanel;
         statusPanel.setProperty("Caption", QString());
         host.grid->setDescriptionLabel(&statusPanel);
-        host.add("Row1", ftText, {}, "About 1");
-        host.add("Row2", ftText, {}, "About 2")->SetFocus();
+        host.addRows(3, lFieldTypes(type));
+        host.grid->Refresh(true);
+        host.field("Row2")->setDescription("About 2");
+        host.field("Row2")->SetFocus();
+        QTRY_VERIFY(host.grid->isAncestorOf(QApplication::focusWidget()));
         QCOMPARE(statusPanel.property("Caption").toString(), QStringLiteral("About 2"));
+        delete host.grid;
+        QVERIFY(!host.window.findChild<kwPropertyControl *>());
+        QTest::keyClick(&host.window, Qt::Key_Tab);
     }
 };
 
