@@ -42,16 +42,26 @@ int raisedError(const std::function<void()> &call)
     return 0;
 }
 
-enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
-enum OnText { PieceOf = Text + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
+// Every role its own colour, so that a wrong role cannot give the right colour.
+QColor roleColour(int role)
+{
+    return QColor(role * 9, 255 - role * 9, 7);
+}
+
+enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
+enum OnText { PieceOf = RgbOf + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
 
 QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
     const QString s = v.toString();
+    QPalette palette;
+    for (int r = 0; r < QPalette::NColorRoles; ++r)
+        palette.setColor(QPalette::Active, QPalette::ColorRole(r), roleColour(r));
     const std::function<QVariant()> operations[] = { [&] { return leadingNumber(s); },
         [&] { return int(toInt16(v)); }, [&] { return toInt32(v); }, [&] { return toDouble(v); },
         [&] { return toBool(v); }, [&] { return isDate(v); }, [&] { return toDate(v); },
-        [&] { return textOf(v); }, [&] { return Piece(s, argument, n); },
+        [&] { return textOf(v); }, [&] { return toQColor(v.toUInt(), palette); },
+        [&] { return fromQColor(v.value<QColor>()); }, [&] { return Piece(s, argument, n); },
         [&] { return QString::number(ListPosition(s, argument)); },
         [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
         [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
@@ -70,12 +80,6 @@ T failing(int number, T value)
 {
     raise(number);
     return value;
-}
-
-// Every role its own colour, so that a wrong role cannot give the right colour.
-QColor roleColour(int role)
-{
-    return QColor(role * 9, 255 - role * 9, 7);
 }
 
 // Runs SQL on a writable connection of the test's own, closed before the library opens the file.
@@ -102,10 +106,14 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
+// The operation, its value (a text, a path, a filter), the delimiter of a piece or the word of a
+// list position, a count, the result (ignored when an error is expected), and the error.
+using Operation = std::tuple<int, QVariant, QString, int, QVariant, int>;
+
 void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
     const QString &expected)
 {
-    QTest::newRow(name) << operation << QVariant(text) << argument << n << QVariant(expected) << 0;
+    QTest::newRow(name) << Operation { operation, text, argument, n, expected, 0 };
 }
 
 // A folder that cannot be written, also for root, who ignores file modes: where modes do not stop
@@ -120,7 +128,9 @@ public:
     {
         QFile::setPermissions(m_folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
         const QByteArray path = QFile::encodeName(m_folder);
-        if (!isEffective() && privateMountNamespace()
+        static const bool privateNamespace = unshare(CLONE_NEWNS) == 0
+            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        if (!isEffective() && privateNamespace
             && mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) == 0) {
             m_mounted = true;
             mount(nullptr, path.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
@@ -132,8 +142,7 @@ public:
             umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
         QFile::setPermissions(m_folder, m_permissions);
     }
-    ReadOnlyFolder(const ReadOnlyFolder &) = delete;
-    ReadOnlyFolder &operator=(const ReadOnlyFolder &) = delete;
+    Q_DISABLE_COPY(ReadOnlyFolder)
 
     // False when neither way could stop this process from writing there.
     bool isEffective() const
@@ -143,13 +152,6 @@ public:
     }
 
 private:
-    static bool privateMountNamespace()
-    {
-        static const bool done = unshare(CLONE_NEWNS) == 0
-            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-        return done;
-    }
-
     QString m_folder;
     QFileDevice::Permissions m_permissions;
     bool m_mounted = false;
@@ -186,15 +188,10 @@ private slots:
 
     void operationGivesTheValueOrRaises_data()
     {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<QVariant>("value"); // or text, or path, or filter text
-        QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QVariant>("expected"); // ignored when an error is expected
-        QTest::addColumn<int>("error");
+        QTest::addColumn<Operation>("c");
         auto row = [](const char *name, int operation, const QVariant &value,
                        const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << operation << value << QString() << 0 << expected << error;
+            QTest::newRow(name) << Operation { operation, value, {}, 0, expected, error };
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
@@ -224,6 +221,14 @@ private slots:
         row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
         row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
             text("2024-03-01 14:05:09"));
+        // A colour is RGB with red in the low byte, or a palette role.
+        row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
+        row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
+        row("button face", ColourOf, SystemColor::ButtonFace, roleColour(QPalette::Button));
+        row("window background", ColourOf, SystemColor::WindowBackground,
+            roleColour(QPalette::Base));
+        row("highlight", ColourOf, SystemColor::Highlight, roleColour(QPalette::Highlight));
+        row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
         const char *types
             = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
         textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
@@ -277,14 +282,12 @@ private slots:
 
     void operationGivesTheValueOrRaises()
     {
-        QFETCH(int, operation);
-        QFETCH(QVariant, value);
-        QFETCH(QString, argument);
-        QFETCH(int, n);
-        QFETCH(QVariant, expected);
-        QFETCH(int, error);
+        QFETCH(Operation, c);
+        const auto &[operation, value, argument, n, expected, error] = c;
         QVariant result;
-        QCOMPARE(raisedError([&] { result = apply(operation, value, argument, n); }), error);
+        const auto call
+            = [&, op = operation, &v = value, &a = argument, n = n] { return apply(op, v, a, n); };
+        QCOMPARE(raisedError([&] { result = call(); }), error);
         if (!error)
             QCOMPARE(result, expected);
     }
@@ -311,30 +314,6 @@ private slots:
             (QStringList { "9 Subscript out of range", "13 Type mismatch", "6 Overflow",
                 "457 This key is already associated with an element of this collection",
                 "91 Object variable or With block variable not set", "51 disk gone" }));
-    }
-
-    void colourIsRgbWithRedLowOrAPaletteRole_data()
-    {
-        QTest::addColumn<quint32>("value");
-        QTest::addColumn<QColor>("colour");
-        QTest::newRow("three bytes, red lowest") << 0x00123456u << QColor(0x56, 0x34, 0x12);
-        QTest::newRow("button face") << SystemColor::ButtonFace << roleColour(QPalette::Button);
-        QTest::newRow("window background")
-            << SystemColor::WindowBackground << roleColour(QPalette::Base);
-        QTest::newRow("highlight") << SystemColor::Highlight << roleColour(QPalette::Highlight);
-        QTest::newRow("button text") << 0x80000012u << roleColour(QPalette::ButtonText);
-    }
-
-    void colourIsRgbWithRedLowOrAPaletteRole()
-    {
-        QFETCH(quint32, value);
-        QFETCH(QColor, colour);
-        QPalette palette;
-        for (int r = 0; r < QPalette::NColorRoles; ++r)
-            palette.setColor(QPalette::Active, QPalette::ColorRole(r), roleColour(r));
-        QCOMPARE(toQColor(value, palette), colour);
-        if (!isSystemColor(value))
-            QCOMPARE(fromQColor(colour), value);
     }
 
     void anyTextRoundTripsAsANameOrAValue()
