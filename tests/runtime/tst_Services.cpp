@@ -50,6 +50,7 @@ QColor roleColour(int role)
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
 enum OnText { PieceOf = RgbOf + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
+enum OnFiles { Decoded = StartFolder + 1, WholeFile };
 
 QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
@@ -65,7 +66,13 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
         [&] { return QString::number(ListPosition(s, argument)); },
         [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
         [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
-        [&] { return Dialogs::startFolder(s); } };
+        [&] { return Dialogs::startFolder(s); },
+        [&] {
+            // Written here, read as written on another system: backslashes, other letter case.
+            test::writeFile(argument + QStringLiteral("/Decode.TXT"), v.toByteArray());
+            return ReadWholeFile(argument + QStringLiteral("\\decode.txt"));
+        },
+        [&] { return ReadWholeFile(s); } };
     return operations[operation]();
 }
 
@@ -278,6 +285,19 @@ private slots:
         textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
             QDir::homePath());
         textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
+        // A file is UTF-8 when all of it is, else Windows-1252.
+        auto decoded = [&](const char *name, const char *bytes, const QString &expected) {
+            QTest::newRow(name) << Operation { Decoded, QByteArray(bytes), m_dir.path(), 0,
+                expected, 0 };
+        };
+        decoded("UTF-8", "caf\xC3\xA9 \xE2\x82\xAC", QStringLiteral("caf\u00E9 \u20AC"));
+        decoded("UTF-8 BOM dropped", "\xEF\xBB\xBFTitle=x", QStringLiteral("Title=x"));
+        decoded("Windows-1252 accents", "caf\xE9 na\xEFve", QStringLiteral("caf\u00E9 na\u00EFve"));
+        decoded("Windows-1252 high codes", "\x80 \x85 \x93q\x94 \x96 \x99 \x9F",
+            QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178"));
+        decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
+            QStringLiteral("\u00C3\u00A9 and \u00E9"));
+        textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "", 0, "");
     }
 
     void operationGivesTheValueOrRaises()
@@ -418,31 +438,47 @@ private slots:
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql_data()
     {
+        // The test's database, no file at all, its start only, or other bytes.
+        QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("table");
         QTest::addColumn<int>("error");
         QTest::addColumn<QString>("names");
         const int missing = ErrTableNotFound;
-        QTest::newRow("as written") << "colours" << 0 << "Red,Green,Blue";
-        QTest::newRow("upper-cased by the reader") << "COLOURS" << 0 << "Red,Green,Blue";
-        QTest::newRow("existing name with quote and semicolon") << OddTable << 0 << "odd";
-        QTest::newRow("same name upper-cased") << OddTable.toUpper() << 0 << "odd";
+        const QByteArray db("database");
+        QTest::newRow("as written") << db << "colours" << 0 << "Red,Green,Blue";
+        QTest::newRow("upper-cased by the reader") << db << "COLOURS" << 0 << "Red,Green,Blue";
+        QTest::newRow("existing name with quote and semicolon") << db << OddTable << 0 << "odd";
+        QTest::newRow("same name upper-cased") << db << OddTable.toUpper() << 0 << "odd";
         QTest::newRow("injection after a quote")
-            << "colours\"; DROP TABLE colours; --" << missing << "";
-        QTest::newRow("second statement") << "colours; DELETE FROM colours" << missing << "";
-        QTest::newRow("empty name") << "" << missing << "";
+            << db << "colours\"; DROP TABLE colours; --" << missing << "";
+        QTest::newRow("second statement") << db << "colours; DELETE FROM colours" << missing << "";
+        QTest::newRow("empty name") << db << "" << missing << "";
+        const int unrecognized = ErrUnrecognizedDatabase;
+        QTest::newRow("missing file")
+            << QByteArray() << "colours" << int(ErrDatabaseFileNotFound) << "";
+        QTest::newRow("text file") << QByteArray("Property Control Definition File\r\n")
+                                   << "colours" << unrecognized << "";
+        QTest::newRow("truncated database")
+            << QByteArray("truncated") << "colours" << unrecognized << "";
     }
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql()
     {
+        QFETCH(QByteArray, file);
         QFETCH(QString, table);
         QFETCH(int, error);
         QFETCH(QString, names);
-        auto db = OpenDatabase(m_db);
+        const QString path = file == "database" ? m_db : m_dir.filePath(QStringLiteral("bad.db"));
+        if (file == "truncated")
+            file = readFile(m_db).left(60);
+        QVERIFY(path == m_db || file.isNull() || !test::writeFile(path, file).isEmpty());
         std::unique_ptr<Recordset> records;
-        QCOMPARE(raisedError([&] { records = db->OpenRecordset(table); }), error);
+        QCOMPARE(raisedError([&] { records = OpenDatabase(path)->OpenRecordset(table); }), error);
         if (records)
             QCOMPARE(valuesOf(*records, QStringLiteral("NAME")).join(QLatin1Char(',')), names);
         QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
+        if (path != m_db)
+            QFile::remove(path);
     }
 
     void readOnlySnapshotLeavesTheFileAndIgnoresLaterChanges()
@@ -455,29 +491,6 @@ private slots:
         QVERIFY(!QFile::exists(path + QStringLiteral("-journal")));
         QVERIFY(runSql(path, { QStringLiteral("DELETE FROM colours") }));
         QCOMPARE(valuesOf(*records, QStringLiteral("code")), QStringList({ "R", "G", "B" }));
-    }
-
-    void fileThatIsNoDatabaseFails_data()
-    {
-        QTest::addColumn<QByteArray>("bytes"); // null: no file at all
-        QTest::addColumn<int>("error");
-        QTest::newRow("missing file") << QByteArray() << int(ErrDatabaseFileNotFound);
-        QTest::newRow("text file")
-            << QByteArray("Property Control Definition File\r\n") << int(ErrUnrecognizedDatabase);
-        QTest::newRow("truncated database")
-            << QByteArray("truncated") << int(ErrUnrecognizedDatabase);
-    }
-
-    void fileThatIsNoDatabaseFails()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, error);
-        if (bytes == "truncated")
-            bytes = readFile(m_db).left(60); // the start of a real database
-        const QString path = m_dir.filePath(QStringLiteral("bad.db"));
-        QVERIFY(bytes.isNull() || !test::writeFile(path, bytes).isEmpty());
-        QCOMPARE(raisedError([&] { OpenDatabase(path); }), error);
-        QFile::remove(path);
     }
 
     void stepChangesTheCounterOrOverflowsKeepingIt_data()
@@ -515,33 +528,6 @@ private slots:
             error);
         QCOMPARE(counter, expected);
         QCOMPARE(returned, error ? 0 : expected);
-    }
-
-    void readWholeFileDecodesItsBytes_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xE2\x82\xAC")
-                               << QStringLiteral("caf\u00E9 \u20AC");
-        QTest::newRow("UTF-8 BOM dropped")
-            << QByteArray("\xEF\xBB\xBFTitle=x") << QStringLiteral("Title=x");
-        QTest::newRow("Windows-1252 accents")
-            << QByteArray("caf\xE9 na\xEFve") << QStringLiteral("caf\u00E9 na\u00EFve");
-        QTest::newRow("Windows-1252 high codes")
-            << QByteArray("\x80 \x85 \x93q\x94 \x96 \x99 \x9F")
-            << QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178");
-        QTest::newRow("invalid UTF-8 anywhere makes all Windows-1252")
-            << QByteArray("\xC3\xA9 and \xE9") << QStringLiteral("\u00C3\u00A9 and \u00E9");
-    }
-
-    void readWholeFileDecodesItsBytes()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        QVERIFY(!test::writeFile(m_dir.filePath(QStringLiteral("Decode.TXT")), bytes).isEmpty());
-        // Read as written on another system: backslashes and other letter case.
-        QCOMPARE(ReadWholeFile(m_dir.path() + QStringLiteral("\\decode.txt")), expected);
-        QCOMPARE(ReadWholeFile(m_dir.filePath(QStringLiteral("missing.txt"))), QString());
     }
 
     void pathIsFittedKeepingItsFileName_data()
