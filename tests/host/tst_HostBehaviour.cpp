@@ -1,5 +1,4 @@
-// What a host meets when it uses the grid through its public API, in a shown window with real
-// key presses and clicks: the behaviour that the README's "Behaviour a host should know" lists.
+// The README's "Behaviour a host should know", met through the public API in a shown window.
 
 #include "ShownGrid.h"
 
@@ -16,30 +15,25 @@ class tst_HostBehaviour : public QObject
     Q_OBJECT
     std::unique_ptr<ShownGrid> host;
 private slots:
-    void init()
-    {
-        host = std::make_unique<ShownGrid>();
-        QVERIFY(host->active);
-    }
+    void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
     void cleanup() { host.reset(); }
 
     // The stored Enabled flag keeps no input out; a check box row's own Enabled does not either.
     // The grid's own input signals are declared and never raised: input belongs to the rows.
     void disabledGridOrRowTakesNoInput_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("textTakes");
-        QTest::addColumn<bool>("checkTakes");
-        QTest::newRow("enabled") << "none" << true << true;
-        QTest::newRow("setEnabled(false)") << "widget" << false << false;
-        QTest::newRow("stored flag false") << "stored" << true << true;
-        QTest::newRow("rows disabled") << "rows" << false << true;
+        QTest::addColumn<std::tuple<QString, bool, bool>>(
+            "c"); // how, text and check box take input
+        QTest::newRow("enabled") << std::tuple { QString("none"), true, true };
+        QTest::newRow("setEnabled(false)") << std::tuple { QString("widget"), false, false };
+        QTest::newRow("stored flag false") << std::tuple { QString("stored"), true, true };
+        QTest::newRow("rows disabled") << std::tuple { QString("rows"), false, true };
     }
     void disabledGridOrRowTakesNoInput()
     {
-        QFETCH(QString, how);
-        QFETCH(bool, textTakes);
-        QFETCH(bool, checkTakes);
+        using Case = std::tuple<QString, bool, bool>;
+        QFETCH(Case, c);
+        const auto &[how, textTakes, checkTakes] = c;
         Field *text = host->add("Host", ftText, "abc");
         Field *check = host->add("On", ftCheckBox, "0");
         host->grid->Refresh(true);
@@ -68,14 +62,10 @@ private slots:
         QSignalSpy checked(check, &Field::Changed);
         int raised = 0;
         const auto count = [&raised] { ++raised; };
-        connect(host->grid, &kwPropertyControl::Click, this, count);
-        connect(host->grid, &kwPropertyControl::DblClick, this, count);
-        connect(host->grid, &kwPropertyControl::KeyDown, this, count);
-        connect(host->grid, &kwPropertyControl::KeyPress, this, count);
-        connect(host->grid, &kwPropertyControl::KeyUp, this, count);
-        connect(host->grid, &kwPropertyControl::MouseDown, this, count);
-        connect(host->grid, &kwPropertyControl::MouseMove, this, count);
-        connect(host->grid, &kwPropertyControl::MouseUp, this, count);
+        const auto watch = [&](auto... signal) { (connect(host->grid, signal, this, count), ...); };
+        using G = kwPropertyControl;
+        watch(&G::Click, &G::DblClick, &G::KeyDown, &G::KeyPress, &G::KeyUp, &G::MouseDown,
+            &G::MouseMove, &G::MouseUp);
         host->click(host->editorPoint(0));
         QTest::keyClick(
             QApplication::focusWidget() ? QApplication::focusWidget() : host->grid, Qt::Key_End);
@@ -188,8 +178,7 @@ private slots:
         QCOMPARE(field->Value().toString(), QStringLiteral("/tmp"));
     }
 
-    // New rows enter the scroll range at Refresh(true); setFirstRow() leaves the scroll bar;
-    // Fields::Clear() keeps the scroll position.
+    // Only Refresh(true) takes new rows into the range; setFirstRow() and Clear() keep the bar.
     void scrollPositionFollowsTheHostsCalls()
     {
         host->addRows(2);
