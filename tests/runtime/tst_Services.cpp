@@ -50,7 +50,7 @@ QColor roleColour(int role)
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
 enum OnText { PieceOf = RgbOf + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
-enum OnFiles { Decoded = StartFolder + 1, WholeFile };
+enum Others { Decoded = StartFolder + 1, WholeFile, StepUp, StepDown };
 
 QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
@@ -73,6 +73,17 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
             return ReadWholeFile(argument + QStringLiteral("\\decode.txt"));
         },
         [&] { return ReadWholeFile(s); } };
+    if (operation == StepUp || operation == StepDown) {
+        // The counter after and the value returned; an overflow is passed on if it kept the
+        // counter.
+        qint32 counter = v.toInt(), returned = 0;
+        const int error = raisedError([&] {
+            returned = operation == StepUp ? Increment(counter, n) : Decrement(counter, n);
+        });
+        if (error && counter == v.toInt())
+            raise(error);
+        return QVariantList { counter, returned };
+    }
     return operations[operation]();
 }
 
@@ -298,6 +309,21 @@ private slots:
         decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
             QStringLiteral("\u00C3\u00A9 and \u00E9"));
         textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "", 0, "");
+        auto step = [](const char *name, int operation, qint32 start, qint32 by, qint32 after,
+                        int error = 0) {
+            QTest::newRow(name) << Operation { operation, start, {}, by,
+                QVariantList { after, after }, error };
+        };
+        const qint32 top = std::numeric_limits<qint32>::max();
+        const qint32 bottom = std::numeric_limits<qint32>::min();
+        step("increment by several", StepUp, 10, 5, 15);
+        step("increment by a negative step", StepUp, 10, -3, 7);
+        step("increment up to the top", StepUp, top - 1, 1, top);
+        step("decrement down to the bottom", StepDown, bottom + 1, 1, bottom);
+        step("increment past the top", StepUp, top, 1, top, overflow);
+        step("increment below the bottom", StepUp, bottom, -1, bottom, overflow);
+        step("decrement below the bottom", StepDown, bottom, 1, bottom, overflow);
+        step("decrement past the top", StepDown, top, -1, top, overflow);
     }
 
     void operationGivesTheValueOrRaises()
@@ -378,19 +404,15 @@ private slots:
     {
         QFETCH(int, level);
         QFETCH(QStringList, spellings);
-        // The application, section and key, with the level under test spelled as asked.
-        auto address = [&](int spelling) {
-            QStringList names { "App", "Section", "Key" };
-            names[level] = spellings[spelling];
-            return names;
+        // The application, section and key, with the level under test in each spelling.
+        QList<QStringList> at(spellings.size(), { "App", "Section", "Key" });
+        for (int i = 0; i < spellings.size(); ++i)
+            at[i][level] = spellings[i];
+        const auto save = [&](int i, const QString &v) {
+            SettingsStore::SaveSetting(at[i][0], at[i][1], at[i][2], v);
         };
-        auto save = [&](int spelling, const QString &value) {
-            const QStringList n = address(spelling);
-            SettingsStore::SaveSetting(n[0], n[1], n[2], value);
-        };
-        auto get = [&](int spelling) {
-            const QStringList n = address(spelling);
-            return SettingsStore::GetSetting(n[0], n[1], n[2], QStringLiteral("dflt"));
+        const auto get = [&](int i) {
+            return SettingsStore::GetSetting(at[i][0], at[i][1], at[i][2], "dflt");
         };
         save(0, QStringLiteral("first"));
         QCOMPARE(get(1), QStringLiteral("first"));
@@ -398,8 +420,8 @@ private slots:
         QCOMPARE(get(2), QStringLiteral("second"));
         QCOMPARE(get(0), QStringLiteral("second"));
         // One file, one entry: the spelling first written is kept.
-        const QString path = SettingsStore::filePath(address(0)[0]);
-        QCOMPARE(SettingsStore::filePath(address(2)[0]), path);
+        const QString path = SettingsStore::filePath(at[0][0]);
+        QCOMPARE(SettingsStore::filePath(at[2][0]), path);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
             QStringList { QFileInfo(path).fileName() });
         const QByteArray contents = readFile(path);
@@ -491,43 +513,6 @@ private slots:
         QVERIFY(!QFile::exists(path + QStringLiteral("-journal")));
         QVERIFY(runSql(path, { QStringLiteral("DELETE FROM colours") }));
         QCOMPARE(valuesOf(*records, QStringLiteral("code")), QStringList({ "R", "G", "B" }));
-    }
-
-    void stepChangesTheCounterOrOverflowsKeepingIt_data()
-    {
-        QTest::addColumn<bool>("increment");
-        QTest::addColumn<qint32>("start");
-        QTest::addColumn<qint32>("step");
-        QTest::addColumn<qint32>("expected"); // the start again when it overflows
-        QTest::addColumn<int>("error");
-        const qint32 top = std::numeric_limits<qint32>::max();
-        const qint32 bottom = std::numeric_limits<qint32>::min();
-        const int overflow = ErrOverflow;
-        QTest::newRow("increment by several") << true << 10 << 5 << 15 << 0;
-        QTest::newRow("increment by a negative step") << true << 10 << -3 << 7 << 0;
-        QTest::newRow("increment up to the top") << true << top - 1 << 1 << top << 0;
-        QTest::newRow("decrement down to the bottom") << false << bottom + 1 << 1 << bottom << 0;
-        QTest::newRow("increment past the top") << true << top << 1 << top << overflow;
-        QTest::newRow("increment below the bottom") << true << bottom << -1 << bottom << overflow;
-        QTest::newRow("decrement below the bottom") << false << bottom << 1 << bottom << overflow;
-        QTest::newRow("decrement past the top") << false << top << -1 << top << overflow;
-    }
-
-    void stepChangesTheCounterOrOverflowsKeepingIt()
-    {
-        QFETCH(bool, increment);
-        QFETCH(qint32, start);
-        QFETCH(qint32, step);
-        QFETCH(qint32, expected);
-        QFETCH(int, error);
-        qint32 counter = start;
-        qint32 returned = 0;
-        QCOMPARE(raisedError([&] {
-            returned = increment ? Increment(counter, step) : Decrement(counter, step);
-        }),
-            error);
-        QCOMPARE(counter, expected);
-        QCOMPARE(returned, error ? 0 : expected);
     }
 
     void pathIsFittedKeepingItsFileName_data()
