@@ -1,6 +1,4 @@
-// Each field type's editor as a user meets it, in a shown window: clicks where an idle row paints
-// its parts, keys in the row's live editor, the dialogs' and the memo window's answers, and the
-// host's writes of Value, Min and Max.
+// Each field type's editor as a user meets it in a shown window, and the host's writes to it.
 
 #include "grid/UserGrid.h"
 
@@ -129,8 +127,7 @@ private slots:
         QCOMPARE(shown.sliderValue, expected);
     }
 
-    // A value matching nothing keeps the selection and reports nothing; one matching the entry
-    // already chosen is reported again: intended.
+    // No match keeps the selection silently; the entry already chosen is reported again (intended).
     void valueSelectsTheFirstMatchingEntry_data()
     {
         QTest::addColumn<ListCase>("c");
@@ -219,8 +216,7 @@ private slots:
             QCOMPARE(clicked, value);
     }
 
-    // A folder shown shortened with "..." names no folder, so its dialog starts in InitDir:
-    // intended.
+    // A folder shown shortened with "..." names none, so its dialog starts in InitDir (intended).
     void theBrowseButtonAsksFromTheRow_data()
     {
         QTest::addColumn<BrowseCase>("c");
@@ -287,8 +283,7 @@ private slots:
         QCOMPARE(files.size() + folders.size(), 2);
     }
 
-    // The memo window has no cancel; its close reports a change even when unedited, and Title
-    // captions nothing, the window is named after the field: both intended.
+    // No cancel: closing reports a change even unedited; the field names the window (intended).
     void theMemoWindowGivesTheRowItsText_data()
     {
         QTest::addColumn<MemoCase>("c");
@@ -347,8 +342,7 @@ private slots:
     }
 
 private:
-    // Where a part of an idle row's editor is painted, in the view: the row's live editor is made
-    // to measure it, then given back.
+    // Where an idle row paints an editor part: the live editor measures it, then is given back.
     QPoint paintedPoint(Field *field, const char *name)
     {
         const QWidget *part = user->editorOf(field)->findChild<QWidget *>(QLatin1String(name));
@@ -357,8 +351,7 @@ private:
         return point;
     }
 
-    // Clicks the view at a point of a row and returns the part of the live editor the click
-    // reached, found by its name.
+    // Clicks the view there; the named part of the live editor the click reached.
     QWidget *clickAt(const QPoint &point, const char *name)
     {
         QTest::mouseClick(user->view(), Qt::LeftButton, {}, point);
@@ -376,8 +369,7 @@ private:
         return user->editorOf(field)->findChild<QLineEdit *>(QStringLiteral("Text1"))->text();
     }
 
-    // A drop-down whose entries carry the numbers 3, 7, 7 and 0, or (without keys) are matched by
-    // their texts.
+    // Entries numbered 3, 7, 7 and 0, or (without keys) matched by their texts.
     Field *addColours(bool byNumber)
     {
         user->grid->ReadDef(test::defText(

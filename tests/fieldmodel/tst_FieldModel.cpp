@@ -1,5 +1,4 @@
-// The rows' data as a host and a user meet it: each type's value convention and change chain, the
-// set-once type, the size limit, limits and colours, the two collections and their entries.
+// The rows' data as a host and a user meet it: values, types, limits, colours, collections.
 
 #include "host/ShownGrid.h"
 
@@ -45,8 +44,7 @@ private slots:
     void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
     void cleanup() { host.reset(); }
 
-    // A write that changes the row's editor raises the field's Changed, once the row shows the
-    // new value, then the grid's.
+    // A write that changes the editor raises Changed, field then grid, once the row shows it.
     void valueFollowsTheConventionOfItsType_data()
     {
         QTest::addColumn<ValueCase>("c");
@@ -232,8 +230,7 @@ private slots:
         }
     }
 
-    // What is missing is reported under each collection's own name. Removing an entry leaves the
-    // row's list as it was until the editor is rebuilt (intended).
+    // A miss is reported in the collection's name; a removed entry stays listed (intended).
     void collectionsFindByKeyInAnyCase()
     {
         Fields *fields = host->grid->Fields();

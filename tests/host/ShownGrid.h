@@ -69,8 +69,7 @@ struct ShownGrid
         QApplication::processEvents();
     }
 
-    // The text of the line edit that has the focus, or of the row editor that holds it; "(none)"
-    // when no row's editor has the focus.
+    // The text of the focused line edit or row editor; "(none)" when no row has the focus.
     static QString focusedText()
     {
         QWidget *focus = QApplication::focusWidget();
@@ -82,11 +81,7 @@ struct ShownGrid
         return inner ? inner->text() : QStringLiteral("(none)");
     }
 
-    QString textAt(int index)
-    {
-        click(editorPoint(index));
-        return focusedText();
-    }
+    QString textAt(int index) { return click(editorPoint(index)), focusedText(); }
 
     QScrollBar *scrollBar() const { return grid->findChild<QScrollBar *>(); }
 

@@ -34,8 +34,7 @@ QString bodyFrom(const QString &text, qsizetype from)
     return text.mid(from, i - from - 1);
 }
 
-// Every name called or declared as a function in a Qt class: what a member of the same name in a
-// class derived from it would hide.
+// Every name called or declared as a function in a Qt class: what a derived member would hide.
 QSet<QString> qtNames(const char *module, const char *file, const char *name)
 {
     const QString text = withoutComments(QLibraryInfo::path(QLibraryInfo::HeadersPath)
@@ -56,8 +55,7 @@ struct PublicClass
 {
     QString name;
     bool widget = false;
-    // The functions it declares, overrides left out (overriding is how Qt is meant to be used),
-    // and its properties.
+    // Its properties and functions, overrides left out (that is how Qt is meant to be used).
     QSet<QString> names;
 };
 
@@ -100,8 +98,7 @@ class tst_NoHiddenMembers : public QObject
 private slots:
     void publicClassHidesNoQtName()
     {
-        // What a derived class could hide: the members and properties of QObject, or of QWidget
-        // and its bases, which code, Designer, QML and scripts reach by name.
+        // QObject's, or QWidget's and its bases', members and properties, all reached by name.
         QSet<QString> object = qtNames("QtCore", "qobject.h", "QObject");
         QSet<QString> widget = object + qtNames("QtWidgets", "qwidget.h", "QWidget")
             + qtNames("QtGui", "qpaintdevice.h", "QPaintDevice");

@@ -1,6 +1,4 @@
-// The services under every other layer, each through its own rules: value conversions, the error
-// trap, colours, the settings store's encoding, database reads, paths and dialog arguments, text
-// pieces and counts, counters that overflow, whole files decoded, and paths fitted to a width.
+// The services under every other layer, each through its own rules.
 
 #include "runtime/Colors.h"
 #include "runtime/Database.h"
@@ -74,8 +72,7 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
         },
         [&] { return ReadWholeFile(s); } };
     if (operation == StepUp || operation == StepDown) {
-        // The counter after and the value returned; an overflow is passed on if it kept the
-        // counter.
+        // The counter after and the value returned; an overflow that kept the counter is passed on.
         qint32 counter = v.toInt(), returned = 0;
         const int error = raisedError([&] {
             returned = operation == StepUp ? Increment(counter, n) : Decrement(counter, n);
@@ -124,8 +121,7 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-// The operation, its value (a text, a path, a filter), the delimiter of a piece or the word of a
-// list position, a count, the result (ignored when an error is expected), and the error.
+// Operation, value, delimiter or list word, count, result (unless an error is expected), error.
 using Operation = std::tuple<int, QVariant, QString, int, QVariant, int>;
 
 void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
@@ -134,9 +130,8 @@ void textRow(const char *name, int operation, const QString &text, const QString
     QTest::newRow(name) << Operation { operation, text, argument, n, expected, 0 };
 }
 
-// A folder that cannot be written, also for root, who ignores file modes: where modes do not stop
-// this process, the folder is bind-mounted read-only in a mount namespace private to the test's
-// thread (needs CAP_SYS_ADMIN). It undoes itself when destroyed.
+// A folder not even root can write: failing file modes, a read-only bind mount in a mount
+// namespace private to the test's thread (needs CAP_SYS_ADMIN). Undone when destroyed.
 class ReadOnlyFolder
 {
 public:
@@ -546,8 +541,7 @@ private slots:
         QVERIFY2(fitted.endsWith(fileName), qPrintable(fitted));
         if (fitted == path)
             return;
-        // "..." and the end of the path from a separator on: as many folders as fit, the file name
-        // even when it alone does not fit.
+        // "..." and as many folders as fit before the file name, which is kept even if too wide.
         QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)),
             qPrintable(fitted));
         QCOMPARE(fitted.at(3), fileName.at(0));
