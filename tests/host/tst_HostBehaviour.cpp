@@ -170,15 +170,14 @@ private slots:
         }
         QApplication::processEvents();
         // Every part of every row is in Qt's disabled state, which styles paint greyed.
-        for (const QWidget *part : host->grid->findChildren<QWidget *>()) {
+        for (const QWidget *part : host->grid->findChildren<QWidget *>())
             if (how != "rows" && part->objectName() != QLatin1String("VScroll1"))
                 QVERIFY2(part->isEnabled() == textTakes, qPrintable(part->objectName()));
-        }
         QSignalSpy changed(host->grid, &kwPropertyControl::Changed);
         QSignalSpy checked(check, &Field::Changed);
         int raised = 0;
-        const auto count = [&raised] { ++raised; };
-        const auto watch = [&](auto... signal) { (connect(host->grid, signal, this, count), ...); };
+        const auto watch
+            = [&](auto... s) { (connect(host->grid, s, this, [&] { ++raised; }), ...); };
         using G = kwPropertyControl;
         watch(&G::Click, &G::DblClick, &G::KeyDown, &G::KeyPress, &G::KeyUp, &G::MouseDown,
             &G::MouseMove, &G::MouseUp);
@@ -267,11 +266,9 @@ private slots:
         QCOMPARE(host->grid->property("definition").toString(), second);
         QCOMPARE(names(), fields);
         // The rows are laid out again: the remaining rows close up, in order.
-        for (int row = 0; row < fields.size(); ++row) {
-            const QString value = host->grid->Fields()->Item(row + 1)->Value().toString();
-            if (host->grid->Fields()->Item(row + 1)->FieldType() == ftText)
-                QCOMPARE(host->textAt(row), value);
-        }
+        for (int row = 0; row < fields.size(); ++row)
+            if (Field *field = host->grid->Fields()->Item(row + 1); field->FieldType() == ftText)
+                QCOMPARE(host->textAt(row), field->Value().toString());
     }
 
     // Text typed into a file or folder row's box is not its value; only the dialog sets that.

@@ -363,8 +363,7 @@ private slots:
         const QStringList texts = { QString(), "a/b", "a\\b", "a%2Fb", "a", "Name=x=y",
             "a\r\nb\r\n", "a%CRLF%b", QStringLiteral("Gr\u00FC\u00DFe \u65E5\u672C \U0001F389"),
             "[General]", "@Variant(\\0\\x7f) #x ;y", QStringLiteral("a") + QChar(0) + QChar(0x7f) };
-        const QString app = QStringLiteral("RoundTrip"), s = QStringLiteral("S"),
-                      k = QStringLiteral("K");
+        const QString app("RoundTrip"), s("S"), k("K");
         for (const QString &t : texts) {
             SettingsStore::SaveSetting(app, t, k, "s:" + t);
             SettingsStore::SaveSetting(app, s, t, "k:" + t);
@@ -375,8 +374,7 @@ private slots:
             QCOMPARE(SettingsStore::GetSetting(app, s, t), "k:" + t);
             QCOMPARE(SettingsStore::GetSetting(t, s, k), "a:" + t);
         }
-        QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("none"), QStringLiteral("dflt")),
-            QStringLiteral("dflt"));
+        QCOMPARE(SettingsStore::GetSetting(app, s, "none", "dflt"), "dflt");
     }
 
     void namesMatchWithoutRegardToLetterCase_data()
