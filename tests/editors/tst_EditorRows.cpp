@@ -116,8 +116,7 @@ private slots:
         }
         QCOMPARE(slider->Value(), QVariant(expected));
         QCOMPARE(box->text(), QString::number(expected));
-        QCOMPARE(box->parentWidget()->findChild<QSlider *>(QStringLiteral("Slider1"))->value(),
-            expected);
+        QCOMPARE(box->parentWidget()->findChild<QSlider *>("Slider1")->value(), expected);
         QCOMPARE(changed.count(), changes);
         // The row keeps what its editor showed once the editor goes to another row.
         user->d()->rowEditor().release();

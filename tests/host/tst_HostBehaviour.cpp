@@ -42,7 +42,7 @@ QSet<QString> qtNames(const char *module, const char *file, const char *name)
     const QString text = withoutComments(QLibraryInfo::path(QLibraryInfo::HeadersPath)
         + QStringLiteral("/%1/%2").arg(QLatin1String(module), QLatin1String(file)));
     const QRegularExpressionMatch head
-        = QRegularExpression(QStringLiteral("\\bclass\\s+(\\w+\\s+)?%1\\b[^;{]*\\{").arg(name))
+        = QRegularExpression(QString("\\bclass\\s+(\\w+\\s+)?%1\\b[^;{]*\\{").arg(name))
               .match(text);
     QSet<QString> names;
     if (!head.hasMatch())

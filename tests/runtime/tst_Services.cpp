@@ -490,7 +490,7 @@ private slots:
         std::unique_ptr<Recordset> records;
         QCOMPARE(raisedError([&] { records = OpenDatabase(path)->OpenRecordset(table); }), error);
         if (records)
-            QCOMPARE(valuesOf(*records, QStringLiteral("NAME")).join(QLatin1Char(',')), names);
+            QCOMPARE(valuesOf(*records, "NAME").join(QLatin1Char(',')), names);
         QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
         if (path != m_db)
             QFile::remove(path);
@@ -513,8 +513,7 @@ private slots:
         QTest::addColumn<QString>("path");
         QTest::addColumn<int>("narrower"); // pixels less than the whole path; -2: half of it
         QTest::addColumn<QString>("fileName");
-        const QString slashes
-            = QStringLiteral("/home/user/projects/field deck/examples/settings.def");
+        const QString slashes("/home/user/projects/field deck/examples/settings.def");
         const QString backslashes = QStringLiteral("C:\\Program Files\\Vendor\\data\\table.mdb");
         QTest::newRow("fits") << slashes << 0 << "/settings.def";
         QTest::newRow("one pixel too narrow") << slashes << 1 << "/settings.def";
