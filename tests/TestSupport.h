@@ -1,8 +1,7 @@
 #pragma once
 
-// Whole files read and written, and recorders for the two seams that tests answer: message boxes
-// and the error report. Each recorder installs itself for its lifetime and restores the previous
-// handler afterwards.
+// Whole files read and written; recorders of message boxes and error reports, each answering its
+// seam for its lifetime and restoring the previous handler afterwards.
 
 #include <kwFieldDeck/HostHooks.h>
 

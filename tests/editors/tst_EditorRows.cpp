@@ -1,6 +1,4 @@
-// Each field type's editor as a user meets it, in a shown window: clicks where an idle row paints
-// its parts, keys in the row's live editor, the dialogs' and the memo window's answers, and the
-// host's writes of Value, Min and Max.
+// Each field type's editor as a user meets it in a shown window, and the host's writes to it.
 
 #include "grid/UserGrid.h"
 
@@ -18,57 +16,25 @@ using namespace kwFieldDeck;
 using test::UserGrid;
 
 namespace {
-// Where a part of an idle row's editor is painted, in the view: the row's live editor is made to
-// measure it, then given back.
-QPoint paintedPoint(UserGrid &user, Field *field, const char *name)
-{
-    const QWidget *part = user.editorOf(field)->findChild<QWidget *>(QLatin1String(name));
-    const QPoint point = part ? part->mapTo(user.view(), test::pointToClick(part)) : QPoint();
-    user.d()->rowEditor().release();
-    return point;
-}
-
-// Clicks the view at a point of a row and returns the part of the live editor the click reached,
-// found by its name.
-QWidget *clickAt(UserGrid &user, const QPoint &point, const char *name)
-{
-    QTest::mouseClick(user.view(), Qt::LeftButton, {}, point);
-    QCoreApplication::processEvents();
-    const QWidget *editor = user.d()->rowEditor().editor();
-    return editor ? editor->findChild<QWidget *>(QLatin1String(name)) : nullptr;
-}
-
-QWidget *clickPart(UserGrid &user, Field *field, const char *name)
-{
-    return clickAt(user, paintedPoint(user, field, name), name);
-}
-
 QString focusedPart()
 {
     return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
 }
 
-QString shownText(UserGrid &user, Field *field)
-{
-    return user.editorOf(field)->findChild<QLineEdit *>(QStringLiteral("Text1"))->text();
-}
-
-// A drop-down whose entries carry the numbers 3, 7, 7 and 0, or (without keys) are matched by
-// their texts.
-Field *addColours(UserGrid &user, bool byNumber)
-{
-    user.grid->ReadDef(test::defText(
-        QStringLiteral("ADDFIELD Colour|TYPE=COMBO|ADDCOMBOITEMS|%1|ENDCOMBOITEMS|ENDFIELD")
-            .arg(byNumber ? "3=Red|7=Blue|7b=red|0=Zero" : "Red|Blue|red|Zero")));
-    return user.field(QStringLiteral("Colour"));
-}
+using SliderCase = std::tuple<QStringList, QString, QList<int>, int, int>;
+using ListCase = std::tuple<bool, QString, int, QString, bool>;
+using BrowseCase = std::tuple<lFieldTypes, QString, QString, QString, QString>;
+using MemoCase = std::tuple<QString, bool, bool, QString>;
 } // namespace
 
 class tst_EditorRows : public QObject
 {
     Q_OBJECT
+    std::unique_ptr<UserGrid> user;
 private slots:
     void initTestCase() { QVERIFY(QDir().mkpath(m_deep)); }
+    void init() { QVERIFY((user = std::make_unique<UserGrid>())->shown); }
+    void cleanup() { user.reset(); }
 
     // A grayed box becomes checked, never unchecked: intended.
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt_data()
@@ -88,26 +54,24 @@ private slots:
         QFETCH(bool, onTheBox);
         QFETCH(int, start);
         QFETCH(int, after);
-        UserGrid user;
-        QVERIFY(user.shown);
-        user.addOfType(ftText, QStringLiteral("Before"));
-        Field *check = user.add(QStringLiteral("Check"), ftCheckBox, QString::number(start % 2));
+        user->addOfType(ftText, QStringLiteral("Before"));
+        Field *check = user->add(QStringLiteral("Check"), ftCheckBox, QString::number(start % 2));
         // A host cannot gray a box; a row whose editor holds a grayed one shows it so.
         if (start == 2)
             test::GridHost::state(check).check = 2;
-        QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
-        const QRect editor = user.view()->editorRect(FieldPrivate::get(check)->m_row);
-        const QPoint point = onTheBox ? paintedPoint(user, check, "Check1")
+        QSignalSpy changed(user->grid, &kwPropertyControl::Changed);
+        const QRect editor = user->view()->editorRect(FieldPrivate::get(check)->m_row);
+        const QPoint point = onTheBox ? paintedPoint(check, "Check1")
                                       : QPoint(editor.left() + 3, editor.center().y());
-        QVERIFY(clickAt(user, point, "Check1"));
+        QVERIFY(clickAt(point, "Check1"));
         QCOMPARE(check->Value().toInt(), after);
         QCOMPARE(changed.count(), 1);
         QTRY_COMPARE(focusedPart(), QStringLiteral("Check1"));
-        QCOMPARE(user.focusedField(), check);
-        user.press(Qt::Key_Space);
+        QCOMPARE(user->focusedField(), check);
+        user->press(Qt::Key_Space);
         QCOMPARE(check->Value().toInt(), 1 - after);
         QCOMPARE(changed.count(), 2);
-        QVERIFY(clickAt(user, point, "Check1"));
+        QVERIFY(clickAt(point, "Check1"));
         QCOMPARE(check->Value().toInt(), after);
         QCOMPARE(changed.count(), 3);
     }
@@ -115,46 +79,35 @@ private slots:
     // Min keeps the pair in order, Max is taken as given; "+" and "-" step and are never typed.
     void theSliderKeepsItsValueInItsRange_data()
     {
-        QTest::addColumn<QStringList>("writes");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QList<int>>("range");
-        QTest::addColumn<int>("expected");
-        QTest::addColumn<int>("changes");
-        auto row = [](const char *name, const QStringList &writes, const char *typed,
-                       const QList<int> &range, int expected, int changes) {
-            QTest::newRow(name) << writes << QString(typed) << range << expected << changes;
-        };
-        row("Min equal to Max raises Max", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10,
-            2);
-        row("Max below Min is taken as given", { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2);
-        row("a new Max brings the value down", { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2);
-        row("a new Min brings the value up", { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2);
-        row("a value in range stays", { "Value=3", "Max=8", "Min=1" }, "", { 1, 8 }, 3, 1);
-        row("a value written past Max comes down", { "Value=25" }, "", { 0, 10 }, 10, 1);
-        row("+ at Max stays", { "Value=10" }, "+", { 0, 10 }, 10, 1);
-        row("+ steps up", { "Value=4" }, "+", { 0, 10 }, 5, 2);
-        row("- steps down", { "Value=4" }, "-", { 0, 10 }, 3, 2);
-        row("- at a raised Min stays", { "Value=5", "Min=5" }, "-", { 5, 10 }, 5, 1);
-        row("only digits are typed", { "Value=1" }, "0x. 7", { 0, 10 }, 7, 3);
-        row("typed past Max brought into range", { "Value=1" }, "25", { 0, 10 }, 10, 3);
+        QTest::addColumn<SliderCase>("c");
+        const auto row = [](const char *name, const SliderCase &c) { QTest::newRow(name) << c; };
+        row("Min equal to Max raises Max",
+            { { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10, 2 });
+        row("Max below Min is taken as given",
+            { { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2 });
+        row("a new Max brings the value down", { { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2 });
+        row("a new Min brings the value up", { { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2 });
+        row("a value in range stays", { { "Value=3", "Max=8", "Min=1" }, "", { 1, 8 }, 3, 1 });
+        row("a value written past Max comes down", { { "Value=25" }, "", { 0, 10 }, 10, 1 });
+        row("+ at Max stays", { { "Value=10" }, "+", { 0, 10 }, 10, 1 });
+        row("+ steps up", { { "Value=4" }, "+", { 0, 10 }, 5, 2 });
+        row("- steps down", { { "Value=4" }, "-", { 0, 10 }, 3, 2 });
+        row("- at a raised Min stays", { { "Value=5", "Min=5" }, "-", { 5, 10 }, 5, 1 });
+        row("only digits are typed", { { "Value=1" }, "0x. 7", { 0, 10 }, 7, 3 });
+        row("typed past Max brought into range", { { "Value=1" }, "25", { 0, 10 }, 10, 3 });
     }
     void theSliderKeepsItsValueInItsRange()
     {
-        QFETCH(QStringList, writes);
-        QFETCH(QString, typed);
-        QFETCH(QList<int>, range);
-        QFETCH(int, expected);
-        QFETCH(int, changes);
-        UserGrid user;
-        QVERIFY(user.shown);
-        Field *slider = user.add(QStringLiteral("Volume"), ftSlider);
+        QFETCH(SliderCase, c);
+        const auto &[writes, typed, range, expected, changes] = c;
+        Field *slider = user->add(QStringLiteral("Volume"), ftSlider);
         QSignalSpy changed(slider, &Field::Changed);
         for (const QString &write : writes)
             slider->setProperty(
                 qPrintable(write.section('=', 0, 0)), write.section('=', 1).toInt());
         auto *box = qobject_cast<QLineEdit *>(typed.isEmpty()
-                ? user.editorOf(slider)->findChild<QWidget *>(QStringLiteral("txtNum"))
-                : clickPart(user, slider, "txtNum"));
+                ? user->editorOf(slider)->findChild<QWidget *>(QStringLiteral("txtNum"))
+                : clickPart(slider, "txtNum"));
         QVERIFY(box);
         if (!typed.isEmpty()) {
             QTRY_VERIFY(box->hasFocus());
@@ -163,78 +116,67 @@ private slots:
         }
         QCOMPARE(slider->Value(), QVariant(expected));
         QCOMPARE(box->text(), QString::number(expected));
-        QCOMPARE(box->parentWidget()->findChild<QSlider *>(QStringLiteral("Slider1"))->value(),
-            expected);
+        QCOMPARE(box->parentWidget()->findChild<QSlider *>("Slider1")->value(), expected);
         QCOMPARE(changed.count(), changes);
         // The row keeps what its editor showed once the editor goes to another row.
-        user.d()->rowEditor().release();
+        user->d()->rowEditor().release();
         const EditorState &shown = test::GridHost::state(slider);
         QCOMPARE(QList<int>({ shown.sliderMin, shown.sliderMax }), range);
         QCOMPARE(shown.text, QString::number(expected));
         QCOMPARE(shown.sliderValue, expected);
     }
 
-    // A value matching nothing keeps the selection and reports nothing; one matching the entry
-    // already chosen is reported again: intended.
+    // No match keeps the selection silently; the entry already chosen is reported again (intended).
     void valueSelectsTheFirstMatchingEntry_data()
     {
-        QTest::addColumn<bool>("byNumber");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<bool>("matched");
-        QTest::newRow("number 7, first of two") << true << "7" << 1 << "7" << true;
-        QTest::newRow("number 7 followed by letters") << true << "7abc" << 1 << "7" << true;
-        QTest::newRow("number 7.5 matches nothing") << true << "7.5" << 3 << "0" << false;
-        QTest::newRow("no leading number matches 0") << true << "abc" << 3 << "0" << true;
-        QTest::newRow("text in other case, first of two") << false << "RED" << 0 << "Red" << true;
-        QTest::newRow("no such text") << false << "Green" << 3 << "Zero" << false;
+        QTest::addColumn<ListCase>("c");
+        const auto row = [](const char *name, const ListCase &c) { QTest::newRow(name) << c; };
+        row("number 7, first of two", { true, "7", 1, "7", true });
+        row("number 7 followed by letters", { true, "7abc", 1, "7", true });
+        row("number 7.5 matches nothing", { true, "7.5", 3, "0", false });
+        row("no leading number matches 0", { true, "abc", 3, "0", true });
+        row("text in other case, first of two", { false, "RED", 0, "Red", true });
+        row("no such text", { false, "Green", 3, "Zero", false });
     }
     void valueSelectsTheFirstMatchingEntry()
     {
-        QFETCH(bool, byNumber);
-        QFETCH(QString, value);
-        QFETCH(int, index);
-        QFETCH(QString, read);
-        QFETCH(bool, matched);
-        UserGrid user;
-        Field *colour = addColours(user, byNumber);
+        QFETCH(ListCase, c);
+        const auto &[byNumber, value, index, read, matched] = c;
+        Field *colour = addColours(byNumber);
         QVERIFY(colour);
         colour->setValue(byNumber ? QStringLiteral("0") : QStringLiteral("zero"));
         QCOMPARE(test::GridHost::state(colour).listIndex, 3);
-        QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
+        QSignalSpy changed(user->grid, &kwPropertyControl::Changed);
         colour->setValue(value);
         QCOMPARE(test::GridHost::state(colour).listIndex, index);
         QCOMPARE(colour->Value().toString(), read);
         QCOMPARE(changed.count(), matched ? 1 : 0);
         // The user sees the same entry chosen in the row's editor.
-        auto *box = user.editorOf(colour)->findChild<QComboBox *>(QStringLiteral("cbo"));
+        auto *box = user->editorOf(colour)->findChild<QComboBox *>(QStringLiteral("cbo"));
         QCOMPARE(box->currentIndex(), index);
     }
 
     // Entering the box reports a change before the row takes the focus: intended.
     void enteringTheBoxReportsAChangeBeforeTheRowIsFocused()
     {
-        UserGrid user;
-        QVERIFY(user.shown);
-        Field *before = user.addOfType(ftText, QStringLiteral("Before"));
-        Field *colour = addColours(user, true);
+        Field *before = user->addOfType(ftText, QStringLiteral("Before"));
+        Field *colour = addColours(true);
         colour->setValue(3);
         QStringList events;
-        connect(user.grid, &kwPropertyControl::Changed, this, [&](Field *field) {
+        connect(user->grid, &kwPropertyControl::Changed, this, [&](Field *field) {
             events << field->Name() + QLatin1Char(' ') + field->Value().toString() + " in "
-                    + user.highlighted().value(0)->Name();
+                    + user->highlighted().value(0)->Name();
         });
         before->SetFocus();
-        user.press(Qt::Key_Tab);
-        QCOMPARE(user.focusedField(), colour);
+        user->press(Qt::Key_Tab);
+        QCOMPARE(user->focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
-        QCOMPARE(user.highlighted(), QVector<Field *> { colour });
-        user.press(Qt::Key_F4);
+        QCOMPARE(user->highlighted(), QVector<Field *> { colour });
+        user->press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
-        user.closePopup();
+        user->closePopup();
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
-        user.press(Qt::Key_Down);
+        user->press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
         QCOMPARE(test::GridHost::state(colour).listIndex, 1);
     }
@@ -257,58 +199,44 @@ private slots:
         QFETCH(int, type);
         QFETCH(QString, part);
         QFETCH(bool, down);
-        UserGrid user;
-        QVERIFY(user.shown);
-        Field *before = user.addOfType(ftText, QStringLiteral("Before"));
-        Field *target = user.addOfType(type, QStringLiteral("Target"));
-        Field *after = user.addOfType(ftText, QStringLiteral("After"));
+        Field *before = user->addOfType(ftText, QStringLiteral("Before"));
+        Field *target = user->addOfType(type, QStringLiteral("Target"));
+        Field *after = user->addOfType(ftText, QStringLiteral("After"));
         const QVariant value = target->Value();
-        QVERIFY(clickPart(user, target, qPrintable(part)));
+        QVERIFY(clickPart(target, qPrintable(part)));
         QTRY_COMPARE(focusedPart(), part);
         // The click itself changed the box; the keys change nothing more.
         const QVariant clicked = target->Value();
-        user.press(down ? Qt::Key_Down : Qt::Key_Up);
-        QCOMPARE(user.focusedField(), down ? after : before);
+        user->press(down ? Qt::Key_Down : Qt::Key_Up);
+        QCOMPARE(user->focusedField(), down ? after : before);
         QCOMPARE(target->Value(), clicked);
-        QCOMPARE(user.dialogs, 0);
+        QCOMPARE(user->dialogs, 0);
         if (type != ftCheckBox)
             QCOMPARE(clicked, value);
     }
 
-    // A folder shown shortened with "..." names no folder, so its dialog starts in InitDir:
-    // intended.
+    // A folder shown shortened with "..." names none, so its dialog starts in InitDir (intended).
     void theBrowseButtonAsksFromTheRow_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("name");
-        auto row = [](const char *name, lFieldTypes type, const QString &value,
-                       const QString &reply, const QString &folder, const char *fileName = "") {
-            QTest::newRow(name) << int(type) << value << reply << folder << QString(fileName);
-        };
+        QTest::addColumn<BrowseCase>("c");
+        const auto row = [](const char *name, const BrowseCase &c) { QTest::newRow(name) << c; };
         const lFieldTypes file = ftFileSelector, folder = ftFolderSelector;
-        row("missing file, chosen", file, m_dir.filePath("gone.txt"), m_file, "/srv", "gone.txt");
-        row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
-        row("no file, chosen", file, "", m_file, "/srv");
-        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
-            "report.txt");
-        row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path());
-        row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv");
-        row("long folder shown shortened", folder, m_deep, "", "/srv");
+        row("missing file, chosen",
+            { file, m_dir.filePath("gone.txt"), m_file, "/srv", "gone.txt" });
+        row("existing file, cancelled", { file, m_file, "", m_dir.path(), "notes.txt" });
+        row("no file, chosen", { file, "", m_file, "/srv", "" });
+        row("long missing file path, cancelled",
+            { file, m_deep + "/report.txt", "", "/srv", "report.txt" });
+        row("existing folder, chosen", { folder, m_dir.path(), m_deep, m_dir.path(), "" });
+        row("missing folder, cancelled", { folder, "/no/such/folder", "", "/srv", "" });
+        row("long folder shown shortened", { folder, m_deep, "", "/srv", "" });
     }
     void theBrowseButtonAsksFromTheRow()
     {
-        QFETCH(int, type);
-        QFETCH(QString, value);
-        QFETCH(QString, reply);
-        QFETCH(QString, folder);
-        QFETCH(QString, name);
-        UserGrid user;
-        QVERIFY(user.shown);
+        QFETCH(BrowseCase, c);
+        const auto &[type, value, reply, folder, name] = c;
         QVERIFY(QFile(m_file).open(QIODevice::WriteOnly));
-        Field *field = user.add(QStringLiteral("Log"), lFieldTypes(type), value);
+        Field *field = user->add(QStringLiteral("Log"), type, value);
         field->setInitDir(QStringLiteral("/srv"));
         if (type == ftFileSelector) {
             field->setTitle(QStringLiteral("Pick a log"));
@@ -317,10 +245,12 @@ private slots:
         // The grid's host puts the previous seams back when it goes.
         QVector<Dialogs::OpenFileRequest> files;
         QVector<Dialogs::BrowseFolderRequest> folders;
-        Dialogs::setOpenFileHandler([&](const auto &asked) { return files << asked, reply; });
-        Dialogs::setBrowseFolderHandler([&](const auto &asked) { return folders << asked, reply; });
-        QSignalSpy changed(user.grid, &kwPropertyControl::Changed);
-        QWidget *button = clickPart(user, field, "btnBrowse");
+        Dialogs::setOpenFileHandler(
+            [&, reply = reply](const auto &asked) { return files << asked, reply; });
+        Dialogs::setBrowseFolderHandler(
+            [&, reply = reply](const auto &asked) { return folders << asked, reply; });
+        QSignalSpy changed(user->grid, &kwPropertyControl::Changed);
+        QWidget *button = clickPart(field, "btnBrowse");
         QVERIFY(button);
         if (type == ftFileSelector) {
             QCOMPARE(files.size(), 1);
@@ -331,14 +261,14 @@ private slots:
         } else {
             QCOMPARE(folders.size(), 1);
             QCOMPARE(folders[0].startFolder, folder);
-            QCOMPARE(folders[0].owner, &user.window);
+            QCOMPARE(folders[0].owner, &user->window);
         }
         const QString expected = reply.isEmpty() ? value : reply;
         QCOMPARE(field->Value().toString(), expected);
         QCOMPARE(changed.count(), reply.isEmpty() ? 0 : 1);
-        QCOMPARE(user.focusedField(), field);
+        QCOMPARE(user->focusedField(), field);
         // A long path is shown fitted to the box, its end kept, while the value keeps it whole.
-        const QString shown = shownText(user, field);
+        const QString shown = shownText(field);
         const bool fitted = expected.startsWith(m_deep);
         QCOMPARE(shown.startsWith(QLatin1String("...")), fitted);
         QVERIFY2(fitted ? expected.endsWith(shown.mid(3)) : shown == expected, qPrintable(shown));
@@ -352,36 +282,29 @@ private slots:
         QCOMPARE(files.size() + folders.size(), 2);
     }
 
-    // The memo window has no cancel; its close reports a change even when unedited, and Title
-    // captions nothing, the window is named after the field: both intended.
+    // No cancel: closing reports a change even unedited; the field names the window (intended).
     void theMemoWindowGivesTheRowItsText_data()
     {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<bool>("edit");
-        QTest::addColumn<bool>("escape");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("edited, Escape") << "a\r\nb" << true << true << "a\r\nb\r\nc";
+        QTest::addColumn<MemoCase>("c");
+        QTest::newRow("edited, Escape") << MemoCase { "a\r\nb", true, true, "a\r\nb\r\nc" };
         const QVector<QPair<const char *, QString>> values { { "lone LF", "a\nb" },
             { "lone CR", "a\rb" }, { "mixed", "a\r\nb\nc\rd\n\re\r\r\n" }, { "trailing LF", "a\n" },
             { "CR LF", "a\r\nb" } };
         for (const auto &[name, value] : values) {
-            QTest::addRow("%s, Escape", name) << value << false << true << value;
-            QTest::addRow("%s, F4 and the close command", name) << value << false << false << value;
+            QTest::addRow("%s, Escape", name) << MemoCase { value, false, true, value };
+            QTest::addRow("%s, F4 and the close command", name)
+                << MemoCase { value, false, false, value };
         }
     }
     void theMemoWindowGivesTheRowItsText()
     {
-        QFETCH(QString, value);
-        QFETCH(bool, edit);
-        QFETCH(bool, escape);
-        QFETCH(QString, expected);
-        UserGrid user;
-        QVERIFY(user.shown);
-        Field *memo = user.add(QStringLiteral("Remarks"), ftMemo, value);
+        QFETCH(MemoCase, c);
+        const auto &[value, edit, escape, expected] = c;
+        Field *memo = user->add(QStringLiteral("Remarks"), ftMemo, value);
         memo->setTitle(QStringLiteral("Something else"));
-        QCOMPARE(shownText(user, memo), QStringLiteral("(Text)"));
+        QCOMPARE(shownText(memo), QStringLiteral("(Text)"));
         QStringList captions;
-        test::ModalShowDriver window([&](QDialog &dialog) {
+        test::ModalShowDriver window([&, edit = edit, escape = escape](QDialog &dialog) {
             captions << static_cast<frmMemo &>(dialog).Title();
             auto *text = dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo"));
             if (edit) {
@@ -394,30 +317,66 @@ private slots:
             else
                 dialog.close();
             // The desktop gives the activation back to the grid's window.
-            user.window.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&user.window));
+            user->window.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&user->window));
         });
         QStringList valuesAtChange;
-        connect(user.grid, &kwPropertyControl::Changed, this,
+        connect(user->grid, &kwPropertyControl::Changed, this,
             [&](Field *field) { valuesAtChange << field->Value().toString(); });
         if (escape) {
-            QVERIFY(clickPart(user, memo, "btnBrowse"));
+            QVERIFY(clickPart(memo, "btnBrowse"));
         } else {
             memo->SetFocus();
-            QCOMPARE(user.focusedField(), memo);
-            user.press(Qt::Key_F4, Qt::ShiftModifier);
+            QCOMPARE(user->focusedField(), memo);
+            user->press(Qt::Key_F4, Qt::ShiftModifier);
             QCOMPARE(window.shown, 0);
-            user.press(Qt::Key_F4);
+            user->press(Qt::Key_F4);
         }
         QCOMPARE(window.shown, 1);
         QCOMPARE(captions, QStringList { "Field: Remarks" });
         QCOMPARE(memo->Value().toString(), expected);
         QCOMPARE(valuesAtChange, QStringList { expected });
-        QCOMPARE(shownText(user, memo), QStringLiteral("(Text)"));
-        QCOMPARE(user.focusedField(), memo);
+        QCOMPARE(shownText(memo), QStringLiteral("(Text)"));
+        QCOMPARE(user->focusedField(), memo);
     }
 
 private:
+    // Where an idle row paints an editor part: the live editor measures it, then is given back.
+    QPoint paintedPoint(Field *field, const char *name)
+    {
+        const QWidget *part = user->editorOf(field)->findChild<QWidget *>(QLatin1String(name));
+        const QPoint point = part ? part->mapTo(user->view(), test::pointToClick(part)) : QPoint();
+        user->d()->rowEditor().release();
+        return point;
+    }
+
+    // Clicks the view there; the named part of the live editor the click reached.
+    QWidget *clickAt(const QPoint &point, const char *name)
+    {
+        QTest::mouseClick(user->view(), Qt::LeftButton, {}, point);
+        QCoreApplication::processEvents();
+        const QWidget *editor = user->d()->rowEditor().editor();
+        return editor ? editor->findChild<QWidget *>(QLatin1String(name)) : nullptr;
+    }
+    QWidget *clickPart(Field *field, const char *name)
+    {
+        return clickAt(paintedPoint(field, name), name);
+    }
+
+    QString shownText(Field *field)
+    {
+        return user->editorOf(field)->findChild<QLineEdit *>(QStringLiteral("Text1"))->text();
+    }
+
+    // Entries numbered 3, 7, 7 and 0, or (without keys) matched by their texts.
+    Field *addColours(bool byNumber)
+    {
+        user->grid->ReadDef(test::defText(
+            QStringLiteral("ADDFIELD Colour|TYPE=COMBO|ADDCOMBOITEMS|%1|ENDCOMBOITEMS|ENDFIELD")
+                .arg(byNumber ? "3=Red|7=Blue|7b=red|0=Zero" : "Red|Blue|red|Zero")));
+        return user->field(QStringLiteral("Colour"));
+    }
+
     // A short name, so that a file in it always fits the box whatever letters it gets.
     QTemporaryDir m_dir { QDir::tempPath() + QStringLiteral("/kw-XXXXXX") };
     const QString m_file = m_dir.filePath(QStringLiteral("notes.txt"));

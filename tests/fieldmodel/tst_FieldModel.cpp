@@ -1,5 +1,4 @@
-// The rows' data as a host and a user meet it: each type's value convention and change chain, the
-// set-once type, the size limit, limits and colours, the two collections and their entries.
+// The rows' data as a host and a user meet it: values, types, limits, colours, collections.
 
 #include "host/ShownGrid.h"
 
@@ -15,6 +14,12 @@ using test::ShownGrid;
 
 namespace {
 enum UserInput { Typed, PastedByKey, PastedFromMenu };
+
+// The shown value is a date as a date box shows it when it is one.
+using ValueCase = std::tuple<lFieldTypes, QString, QVariant, QVariant, QString, bool>;
+// The text arrives by Add, Value or a definition; the selection is its start and length.
+using SizeCase = std::tuple<QString, QPoint, QString, UserInput, QString, QString>;
+using DropDownCase = std::tuple<QStringList, QStringList, QList<int>, bool>;
 
 void pasteFromTheMenu(QLineEdit *edit)
 {
@@ -36,53 +41,36 @@ class tst_FieldModel : public QObject
     Q_OBJECT
     std::unique_ptr<ShownGrid> host;
 private slots:
-    void init()
-    {
-        host = std::make_unique<ShownGrid>();
-        QVERIFY(host->active);
-    }
+    void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
     void cleanup() { host.reset(); }
 
-    // A write that changes the row's editor raises the field's Changed, once the row shows the
-    // new value, then the grid's.
+    // A write that changes the editor raises Changed, field then grid, once the row shows it.
     void valueFollowsTheConventionOfItsType_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QVariant>("shown"); // a date as a date box shows it
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<bool>("changes");
-        auto row = [](const char *name, lFieldTypes type, const char *before, const QVariant &value,
-                       const QVariant &shown, const char *read, bool changes) {
-            QTest::newRow(name) << int(type) << before << value << shown << read << changes;
-        };
+        QTest::addColumn<ValueCase>("c");
+        const auto row = [](const char *name, const ValueCase &c) { QTest::newRow(name) << c; };
         const QDate march1(2024, 3, 1), january2(2025, 1, 2);
-        row("text 16-bit", ftText, "", qint16(42), "42", "42", true);
-        row("text date", ftText, "", march1, "2024-03-01", "2024-03-01", true);
-        row("text keeps out a boolean", ftText, "before", true, "before", "true", false);
-        row("text keeps out empty", ftText, "before", QVariant(), "before", "", false);
-        row("text unchanged", ftText, "old", "old", "old", "old", false);
-        row("numeric 12abc", ftNumeric, "", "12abc", "12", "12", true);
-        row("numeric abc", ftNumeric, "", "abc", "0", "abc", false);
-        row("numeric 3.7xyz", ftNumeric, "", "3.7xyz", "3.7", "3.7", true);
-        row("check true ", ftCheckBox, "", "true ", "1", "1", true);
-        row("check yes clears", ftCheckBox, "1", "yes", "0", "0", true);
-        row("check yes on a clear box", ftCheckBox, "", "yes", "0", "yes", false);
-        row("check TRUE on a ticked box", ftCheckBox, "1", "TRUE", "1", "1", false);
-        row("slider 3.7xyz", ftSlider, "", "3.7xyz", "4", "4", true);
-        row("date not a date", ftDate, "2024-03-01", "no date", march1, "no date", false);
-        row("date", ftDate, "2024-03-01", january2, january2, "2025-01-02", true);
+        row("text 16-bit", { ftText, "", qint16(42), "42", "42", true });
+        row("text date", { ftText, "", march1, "2024-03-01", "2024-03-01", true });
+        row("text keeps out a boolean", { ftText, "before", true, "before", "true", false });
+        row("text keeps out empty", { ftText, "before", QVariant(), "before", "", false });
+        row("text unchanged", { ftText, "old", "old", "old", "old", false });
+        row("numeric 12abc", { ftNumeric, "", "12abc", "12", "12", true });
+        row("numeric abc", { ftNumeric, "", "abc", "0", "abc", false });
+        row("numeric 3.7xyz", { ftNumeric, "", "3.7xyz", "3.7", "3.7", true });
+        row("check true ", { ftCheckBox, "", "true ", "1", "1", true });
+        row("check yes clears", { ftCheckBox, "1", "yes", "0", "0", true });
+        row("check yes on a clear box", { ftCheckBox, "", "yes", "0", "yes", false });
+        row("check TRUE on a ticked box", { ftCheckBox, "1", "TRUE", "1", "1", false });
+        row("slider 3.7xyz", { ftSlider, "", "3.7xyz", "4", "4", true });
+        row("date not a date", { ftDate, "2024-03-01", "no date", march1, "no date", false });
+        row("date", { ftDate, "2024-03-01", january2, january2, "2025-01-02", true });
     }
     void valueFollowsTheConventionOfItsType()
     {
-        QFETCH(int, type);
-        QFETCH(QString, before);
-        QFETCH(QVariant, value);
-        QFETCH(QVariant, shown);
-        QFETCH(QString, read);
-        QFETCH(bool, changes);
-        Field *field = host->add("Row", lFieldTypes(type), before);
+        QFETCH(ValueCase, c);
+        const auto &[type, before, value, shown, read, changes] = c;
+        Field *field = host->add("Row", type, before);
         QStringList heard;
         connect(field, &Field::Changed, this, [&](const QVariant &changedTo) {
             heard << "field " + changedTo.toString() + " shown " + host->readOut(0);
@@ -123,35 +111,23 @@ private slots:
     // Never the text the program sets; a number row takes no size and shows 0 until it has one.
     void sizeLimitsWhatTheUserTypesOrPastes_data()
     {
-        QTest::addColumn<QString>("set"); // how the text arrives: by Add, Value or a definition
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QPoint>("selection"); // start, length
-        QTest::addColumn<QString>("input");
-        QTest::addColumn<int>("how");
-        QTest::addColumn<QString>("after");
-        auto row = [](const char *name, const char *before, QPoint selection, const char *input,
-                       int how, const char *after, const char *set = "Add") {
-            QTest::newRow(name) << set << before << selection << input << how << after;
-        };
-        row("typing stops", "", { 0, 0 }, "abcdefg", Typed, "abcde");
-        row("typing over a selection", "abcde", { 1, 2 }, "xyz", Typed, "axyde");
-        row("paste is cut", "abc", { 3, 0 }, "123456", PastedByKey, "abc12");
-        row("paste over all", "abcde", { 0, 5 }, "123456789", PastedByKey, "12345");
-        row("paste into a full box", "abcde", { 2, 0 }, "x", PastedByKey, "abcde");
-        row("paste from the menu", "ab", { 0, 0 }, "123456", PastedFromMenu, "123ab");
+        QTest::addColumn<SizeCase>("c");
+        const auto row = [](const char *name, const SizeCase &c) { QTest::newRow(name) << c; };
+        row("typing stops", { "", { 0, 0 }, "abcdefg", Typed, "abcde", "Add" });
+        row("typing over a selection", { "abcde", { 1, 2 }, "xyz", Typed, "axyde", "Add" });
+        row("paste is cut", { "abc", { 3, 0 }, "123456", PastedByKey, "abc12", "Add" });
+        row("paste over all", { "abcde", { 0, 5 }, "123456789", PastedByKey, "12345", "Add" });
+        row("paste into a full box", { "abcde", { 2, 0 }, "x", PastedByKey, "abcde", "Add" });
+        row("paste from the menu", { "ab", { 0, 0 }, "123456", PastedFromMenu, "123ab", "Add" });
         for (const char *set : { "Add", "Value", "definition" })
             row(qPrintable(QStringLiteral("longer text set by %1 takes no key").arg(set)),
-                "1234567890", { 10, 0 }, "x", Typed, "1234567890", set);
-        row("a number row takes no size", "0", { 0, 1 }, "1234567", Typed, "1234567", "number");
+                { "1234567890", { 10, 0 }, "x", Typed, "1234567890", set });
+        row("a number row takes no size", { "0", { 0, 1 }, "1234567", Typed, "1234567", "number" });
     }
     void sizeLimitsWhatTheUserTypesOrPastes()
     {
-        QFETCH(QString, set);
-        QFETCH(QString, before);
-        QFETCH(QPoint, selection);
-        QFETCH(QString, input);
-        QFETCH(int, how);
-        QFETCH(QString, after);
+        QFETCH(SizeCase, c);
+        const auto &[before, selection, input, how, after, set] = c;
         if (set == "definition")
             host->grid->ReadDef(
                 "ADDFIELD Code\r\nTYPE=TEXT\r\nSIZE=5\r\nVALUE=" + before + "\r\nENDFIELD");
@@ -228,26 +204,18 @@ private slots:
     // The list's item data is the number the key starts with; the last Add decides the flag.
     void dropDownEntriesFillTheList_data()
     {
-        QTest::addColumn<QStringList>("keys");
-        QTest::addColumn<QStringList>("storedKeys");
-        QTest::addColumn<QList<int>>("itemData");
-        QTest::addColumn<bool>("flag");
-        auto row = [](const char *name, const QStringList &keys, const QStringList &storedKeys,
-                       const QList<int> &itemData, bool flag) {
-            QTest::newRow(name) << keys << storedKeys << itemData << flag;
-        };
-        row("keyless", { "", "" }, { "1", "2" }, { 1, 2 }, false);
-        row("keyed then keyless", { "10", "" }, { "10", "1" }, { 10, 1 }, false);
-        row("keyless then keyed", { "", "7" }, { "1", "7" }, { 1, 7 }, true);
-        row("text key", { "abc" }, { "abc" }, { 0 }, true);
-        row("number then text", { "12kg" }, { "12kg" }, { 12 }, true);
+        QTest::addColumn<DropDownCase>("c");
+        const auto row = [](const char *name, const DropDownCase &c) { QTest::newRow(name) << c; };
+        row("keyless", { { "", "" }, { "1", "2" }, { 1, 2 }, false });
+        row("keyed then keyless", { { "10", "" }, { "10", "1" }, { 10, 1 }, false });
+        row("keyless then keyed", { { "", "7" }, { "1", "7" }, { 1, 7 }, true });
+        row("text key", { { "abc" }, { "abc" }, { 0 }, true });
+        row("number then text", { { "12kg" }, { "12kg" }, { 12 }, true });
     }
     void dropDownEntriesFillTheList()
     {
-        QFETCH(QStringList, keys);
-        QFETCH(QStringList, storedKeys);
-        QFETCH(QList<int>, itemData);
-        QFETCH(bool, flag);
+        QFETCH(DropDownCase, c);
+        const auto &[keys, storedKeys, itemData, flag] = c;
         DropDownValues *values = host->add("Unit", ftCombo)->DropDownValues();
         for (int i = 0; i < keys.size(); ++i)
             QCOMPARE(values->Add(keys[i], QStringLiteral("entry %1").arg(i))->Key(), storedKeys[i]);
@@ -262,8 +230,7 @@ private slots:
         }
     }
 
-    // What is missing is reported under each collection's own name. Removing an entry leaves the
-    // row's list as it was until the editor is rebuilt (intended).
+    // A miss is reported in the collection's name; a removed entry stays listed (intended).
     void collectionsFindByKeyInAnyCase()
     {
         Fields *fields = host->grid->Fields();

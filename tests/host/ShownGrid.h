@@ -24,9 +24,10 @@ inline int pixels(double twips)
 
 struct ShownGrid
 {
-    explicit ShownGrid(int heightInRows = 5)
+    // Five rows high.
+    ShownGrid()
     {
-        window.resize(420, pixels(heightInRows * 300.0) + 6);
+        window.resize(420, pixels(5 * 300.0) + 6);
         grid = new kwPropertyControl(&window);
         grid->setAppearance(kwPropertyControl::Flat);
         grid->setGeometry(0, 0, 420, window.height());
@@ -43,10 +44,8 @@ struct ShownGrid
     // Text rows Row<n> holding v<n>, n counting on from the rows there are.
     void addRows(int count)
     {
-        for (int i = 0; i < count; ++i) {
-            const QString n = QString::number(grid->Fields()->Count());
-            add(QStringLiteral("Row") + n, ftText, QStringLiteral("v") + n);
-        }
+        for (int n = grid->Fields()->Count(), end = n + count; n < end; ++n)
+            add(QStringLiteral("Row%1").arg(n), ftText, QStringLiteral("v%1").arg(n));
     }
 
     // The middle of a row's editor, or of its name cell.
@@ -69,8 +68,7 @@ struct ShownGrid
         QApplication::processEvents();
     }
 
-    // The text of the line edit that has the focus, or of the row editor that holds it; "(none)"
-    // when no row's editor has the focus.
+    // The text of the focused line edit or row editor; "(none)" when no row has the focus.
     static QString focusedText()
     {
         QWidget *focus = QApplication::focusWidget();
@@ -82,11 +80,7 @@ struct ShownGrid
         return inner ? inner->text() : QStringLiteral("(none)");
     }
 
-    QString textAt(int index)
-    {
-        click(editorPoint(index));
-        return focusedText();
-    }
+    QString textAt(int index) { return click(editorPoint(index)), focusedText(); }
 
     QScrollBar *scrollBar() const { return grid->findChild<QScrollBar *>(); }
 

@@ -1,8 +1,11 @@
-// What a host meets when it uses the grid through its public API, in a shown window with real
-// key presses and clicks: the behaviour that the README's "Behaviour a host should know" lists.
+// The README's "Behaviour a host should know", met through the public API in a shown window.
 
 #include "ShownGrid.h"
 
+#include <QDir>
+#include <QLibraryInfo>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -11,35 +14,142 @@
 using namespace kwFieldDeck;
 using test::ShownGrid;
 
+namespace {
+
+const QRegularExpression::PatternOption Dot = QRegularExpression::DotMatchesEverythingOption;
+
+QString withoutComments(const QString &path)
+{
+    QFile file(path);
+    QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    text.remove(QRegularExpression(QStringLiteral("/\\*.*?\\*/"), Dot));
+    return text.remove(QRegularExpression(QStringLiteral("//[^\\n]*")));
+}
+
+// The body of the class whose head starts at `from`, up to its closing brace.
+QString bodyFrom(const QString &text, qsizetype from)
+{
+    int depth = 1;
+    qsizetype i = from;
+    for (; i < text.size() && depth > 0; ++i)
+        depth += text.at(i) == QLatin1Char('{') ? 1 : text.at(i) == QLatin1Char('}') ? -1 : 0;
+    return text.mid(from, i - from - 1);
+}
+
+// Every name called or declared as a function in a Qt class: what a derived member would hide.
+QSet<QString> qtNames(const char *module, const char *file, const char *name)
+{
+    const QString text = withoutComments(QLibraryInfo::path(QLibraryInfo::HeadersPath)
+        + QStringLiteral("/%1/%2").arg(QLatin1String(module), QLatin1String(file)));
+    const QRegularExpressionMatch head
+        = QRegularExpression(QString("\\bclass\\s+(\\w+\\s+)?%1\\b[^;{]*\\{").arg(name))
+              .match(text);
+    QSet<QString> names;
+    if (!head.hasMatch())
+        return names;
+    const QRegularExpression call(QStringLiteral("\\b([A-Za-z_]\\w*)\\s*\\("));
+    for (const QRegularExpressionMatch &m : call.globalMatch(bodyFrom(text, head.capturedEnd())))
+        names.insert(m.captured(1));
+    return names;
+}
+
+struct PublicClass
+{
+    QString name;
+    bool widget = false;
+    // Its properties and functions, overrides left out (that is how Qt is meant to be used).
+    QSet<QString> names;
+};
+
+QVector<PublicClass> publicClasses()
+{
+    QVector<PublicClass> classes;
+    const QRegularExpression head(
+        QStringLiteral("\\bclass\\s+KWFIELDDECK_EXPORT\\s+(\\w+)\\s*:\\s*public\\s+(\\w+)\\s*\\{"));
+    const QRegularExpression property(
+        QStringLiteral("Q_PROPERTY\\(\\s*.+?\\s\\**(\\w+)\\s+(READ|MEMBER)\\b"), Dot);
+    const QRegularExpression macro(QStringLiteral("\\bQ_[A-Z_]+(\\([^()]*\\))?"));
+    const QRegularExpression function(QStringLiteral("(~?\\b[A-Za-z_]\\w*)\\s*\\("));
+    const QDir dir(QStringLiteral(KW_PUBLIC_HEADERS));
+    for (const QString &header : dir.entryList({ QStringLiteral("*.h") })) {
+        const QString text = withoutComments(dir.filePath(header));
+        for (const QRegularExpressionMatch &m : head.globalMatch(text)) {
+            PublicClass c { m.captured(1), m.captured(2) == QLatin1String("QWidget"), {} };
+            QString body = bodyFrom(text, m.capturedEnd());
+            for (const QRegularExpressionMatch &p : property.globalMatch(body))
+                c.names << p.captured(1);
+            body.remove(macro);
+            for (const QString &statement : body.split(QLatin1Char(';'))) {
+                const QString found = function.match(statement).captured(1);
+                if (!found.isEmpty() && !statement.contains(QLatin1String("override"))
+                    && found != c.name && found != QLatin1Char('~') + c.name
+                    && !found.startsWith(QLatin1String("operator")))
+                    c.names << found;
+            }
+            classes << c;
+        }
+    }
+    return classes;
+}
+
+} // namespace
+
 class tst_HostBehaviour : public QObject
 {
     Q_OBJECT
     std::unique_ptr<ShownGrid> host;
 private slots:
-    void init()
-    {
-        host = std::make_unique<ShownGrid>();
-        QVERIFY(host->active);
-    }
+    void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
     void cleanup() { host.reset(); }
+
+    // No public class hides a name its Qt base uses: a Qt developer's grid->setEnabled(false) or
+    // field->setParent(x) must do what it does on any object. Every installed header is read.
+    void publicClassHidesNoQtName()
+    {
+        // QObject's, or QWidget's and its bases', members and properties, all reached by name.
+        QSet<QString> object = qtNames("QtCore", "qobject.h", "QObject");
+        QSet<QString> widget = object + qtNames("QtWidgets", "qwidget.h", "QWidget")
+            + qtNames("QtGui", "qpaintdevice.h", "QPaintDevice");
+        for (int i = 0; i < QWidget::staticMetaObject.propertyCount(); ++i) {
+            const QString name = QLatin1String(QWidget::staticMetaObject.property(i).name());
+            (i < QObject::staticMetaObject.propertyCount() ? object : widget) << name;
+        }
+        widget += object;
+        const QVector<PublicClass> classes = publicClasses();
+        QSet<QString> seen;
+        for (const PublicClass &c : classes) {
+            const QStringList hidden = QSet(c.names).intersect(c.widget ? widget : object).values();
+            QVERIFY2(hidden.isEmpty(), qPrintable(c.name + ": " + hidden.join(", ")));
+            seen += c.names;
+        }
+        // The parse sees what matters; a broken one fails here rather than passing unseen.
+        for (const char *name : { "setParent", "objectName", "setEnabled", "font", "width" })
+            QVERIFY2(widget.contains(QLatin1String(name)), name);
+        QVERIFY(object.contains("deleteLater") && !object.contains("setFont"));
+        QVERIFY(classes.size() >= 5);
+        QCOMPARE(
+            std::count_if(classes.begin(), classes.end(), [](auto &c) { return c.widget; }), 1);
+        for (const char *name : { "storedEnabled", "ReadDef", "SetFocus", "setEnabled", "Add",
+                 "begin", "Item", "setKey", "Changed", "Enabled", "Font", "Value", "definition" })
+            QVERIFY2(seen.contains(QLatin1String(name)), name);
+    }
 
     // The stored Enabled flag keeps no input out; a check box row's own Enabled does not either.
     // The grid's own input signals are declared and never raised: input belongs to the rows.
     void disabledGridOrRowTakesNoInput_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("textTakes");
-        QTest::addColumn<bool>("checkTakes");
-        QTest::newRow("enabled") << "none" << true << true;
-        QTest::newRow("setEnabled(false)") << "widget" << false << false;
-        QTest::newRow("stored flag false") << "stored" << true << true;
-        QTest::newRow("rows disabled") << "rows" << false << true;
+        QTest::addColumn<std::tuple<QString, bool, bool>>(
+            "c"); // how, text and check box take input
+        QTest::newRow("enabled") << std::tuple { QString("none"), true, true };
+        QTest::newRow("setEnabled(false)") << std::tuple { QString("widget"), false, false };
+        QTest::newRow("stored flag false") << std::tuple { QString("stored"), true, true };
+        QTest::newRow("rows disabled") << std::tuple { QString("rows"), false, true };
     }
     void disabledGridOrRowTakesNoInput()
     {
-        QFETCH(QString, how);
-        QFETCH(bool, textTakes);
-        QFETCH(bool, checkTakes);
+        using Case = std::tuple<QString, bool, bool>;
+        QFETCH(Case, c);
+        const auto &[how, textTakes, checkTakes] = c;
         Field *text = host->add("Host", ftText, "abc");
         Field *check = host->add("On", ftCheckBox, "0");
         host->grid->Refresh(true);
@@ -60,22 +170,17 @@ private slots:
         }
         QApplication::processEvents();
         // Every part of every row is in Qt's disabled state, which styles paint greyed.
-        for (const QWidget *part : host->grid->findChildren<QWidget *>()) {
+        for (const QWidget *part : host->grid->findChildren<QWidget *>())
             if (how != "rows" && part->objectName() != QLatin1String("VScroll1"))
                 QVERIFY2(part->isEnabled() == textTakes, qPrintable(part->objectName()));
-        }
         QSignalSpy changed(host->grid, &kwPropertyControl::Changed);
         QSignalSpy checked(check, &Field::Changed);
         int raised = 0;
-        const auto count = [&raised] { ++raised; };
-        connect(host->grid, &kwPropertyControl::Click, this, count);
-        connect(host->grid, &kwPropertyControl::DblClick, this, count);
-        connect(host->grid, &kwPropertyControl::KeyDown, this, count);
-        connect(host->grid, &kwPropertyControl::KeyPress, this, count);
-        connect(host->grid, &kwPropertyControl::KeyUp, this, count);
-        connect(host->grid, &kwPropertyControl::MouseDown, this, count);
-        connect(host->grid, &kwPropertyControl::MouseMove, this, count);
-        connect(host->grid, &kwPropertyControl::MouseUp, this, count);
+        const auto watch
+            = [&](auto... s) { (connect(host->grid, s, this, [&] { ++raised; }), ...); };
+        using G = kwPropertyControl;
+        watch(&G::Click, &G::DblClick, &G::KeyDown, &G::KeyPress, &G::KeyUp, &G::MouseDown,
+            &G::MouseMove, &G::MouseUp);
         host->click(host->editorPoint(0));
         QTest::keyClick(
             QApplication::focusWidget() ? QApplication::focusWidget() : host->grid, Qt::Key_End);
@@ -161,11 +266,9 @@ private slots:
         QCOMPARE(host->grid->property("definition").toString(), second);
         QCOMPARE(names(), fields);
         // The rows are laid out again: the remaining rows close up, in order.
-        for (int row = 0; row < fields.size(); ++row) {
-            const QString value = host->grid->Fields()->Item(row + 1)->Value().toString();
-            if (host->grid->Fields()->Item(row + 1)->FieldType() == ftText)
-                QCOMPARE(host->textAt(row), value);
-        }
+        for (int row = 0; row < fields.size(); ++row)
+            if (Field *field = host->grid->Fields()->Item(row + 1); field->FieldType() == ftText)
+                QCOMPARE(host->textAt(row), field->Value().toString());
     }
 
     // Text typed into a file or folder row's box is not its value; only the dialog sets that.
@@ -188,8 +291,7 @@ private slots:
         QCOMPARE(field->Value().toString(), QStringLiteral("/tmp"));
     }
 
-    // New rows enter the scroll range at Refresh(true); setFirstRow() leaves the scroll bar;
-    // Fields::Clear() keeps the scroll position.
+    // Only Refresh(true) takes new rows into the range; setFirstRow() and Clear() keep the bar.
     void scrollPositionFollowsTheHostsCalls()
     {
         host->addRows(2);

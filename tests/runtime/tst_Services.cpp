@@ -1,6 +1,4 @@
-// The services under every other layer, each through its own rules: value conversions, the error
-// trap, colours, the settings store's encoding, database reads, paths and dialog arguments, text
-// pieces and counts, counters that overflow, whole files decoded, and paths fitted to a width.
+// The services under every other layer, each through its own rules.
 
 #include "runtime/Colors.h"
 #include "runtime/Database.h"
@@ -42,20 +40,47 @@ int raisedError(const std::function<void()> &call)
     return 0;
 }
 
-enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text };
-enum OnText { PieceOf = Text + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
+// Every role its own colour, so that a wrong role cannot give the right colour.
+QColor roleColour(int role)
+{
+    return QColor(role * 9, 255 - role * 9, 7);
+}
+
+enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
+enum OnText { PieceOf = RgbOf + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
+enum Others { Decoded = StartFolder + 1, WholeFile, StepUp, StepDown };
 
 QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
     const QString s = v.toString();
+    QPalette palette;
+    for (int r = 0; r < QPalette::NColorRoles; ++r)
+        palette.setColor(QPalette::Active, QPalette::ColorRole(r), roleColour(r));
     const std::function<QVariant()> operations[] = { [&] { return leadingNumber(s); },
         [&] { return int(toInt16(v)); }, [&] { return toInt32(v); }, [&] { return toDouble(v); },
         [&] { return toBool(v); }, [&] { return isDate(v); }, [&] { return toDate(v); },
-        [&] { return textOf(v); }, [&] { return Piece(s, argument, n); },
+        [&] { return textOf(v); }, [&] { return toQColor(v.toUInt(), palette); },
+        [&] { return fromQColor(v.value<QColor>()); }, [&] { return Piece(s, argument, n); },
         [&] { return QString::number(ListPosition(s, argument)); },
         [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
         [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
-        [&] { return Dialogs::startFolder(s); } };
+        [&] { return Dialogs::startFolder(s); },
+        [&] {
+            // Written here, read as written on another system: backslashes, other letter case.
+            test::writeFile(argument + QStringLiteral("/Decode.TXT"), v.toByteArray());
+            return ReadWholeFile(argument + QStringLiteral("\\decode.txt"));
+        },
+        [&] { return ReadWholeFile(s); } };
+    if (operation == StepUp || operation == StepDown) {
+        // The counter after and the value returned; an overflow that kept the counter is passed on.
+        qint32 counter = v.toInt(), returned = 0;
+        const int error = raisedError([&] {
+            returned = operation == StepUp ? Increment(counter, n) : Decrement(counter, n);
+        });
+        if (error && counter == v.toInt())
+            raise(error);
+        return QVariantList { counter, returned };
+    }
     return operations[operation]();
 }
 
@@ -70,12 +95,6 @@ T failing(int number, T value)
 {
     raise(number);
     return value;
-}
-
-// Every role its own colour, so that a wrong role cannot give the right colour.
-QColor roleColour(int role)
-{
-    return QColor(role * 9, 255 - role * 9, 7);
 }
 
 // Runs SQL on a writable connection of the test's own, closed before the library opens the file.
@@ -102,15 +121,17 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
+// Operation, value, delimiter or list word, count, result (unless an error is expected), error.
+using Operation = std::tuple<int, QVariant, QString, int, QVariant, int>;
+
 void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
     const QString &expected)
 {
-    QTest::newRow(name) << operation << QVariant(text) << argument << n << QVariant(expected) << 0;
+    QTest::newRow(name) << Operation { operation, text, argument, n, expected, 0 };
 }
 
-// A folder that cannot be written, also for root, who ignores file modes: where modes do not stop
-// this process, the folder is bind-mounted read-only in a mount namespace private to the test's
-// thread (needs CAP_SYS_ADMIN). It undoes itself when destroyed.
+// A folder not even root can write: failing file modes, a read-only bind mount in a mount
+// namespace private to the test's thread (needs CAP_SYS_ADMIN). Undone when destroyed.
 class ReadOnlyFolder
 {
 public:
@@ -120,7 +141,9 @@ public:
     {
         QFile::setPermissions(m_folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
         const QByteArray path = QFile::encodeName(m_folder);
-        if (!isEffective() && privateMountNamespace()
+        static const bool privateNamespace = unshare(CLONE_NEWNS) == 0
+            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        if (!isEffective() && privateNamespace
             && mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) == 0) {
             m_mounted = true;
             mount(nullptr, path.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
@@ -132,8 +155,7 @@ public:
             umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
         QFile::setPermissions(m_folder, m_permissions);
     }
-    ReadOnlyFolder(const ReadOnlyFolder &) = delete;
-    ReadOnlyFolder &operator=(const ReadOnlyFolder &) = delete;
+    Q_DISABLE_COPY(ReadOnlyFolder)
 
     // False when neither way could stop this process from writing there.
     bool isEffective() const
@@ -143,13 +165,6 @@ public:
     }
 
 private:
-    static bool privateMountNamespace()
-    {
-        static const bool done = unshare(CLONE_NEWNS) == 0
-            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-        return done;
-    }
-
     QString m_folder;
     QFileDevice::Permissions m_permissions;
     bool m_mounted = false;
@@ -186,15 +201,10 @@ private slots:
 
     void operationGivesTheValueOrRaises_data()
     {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<QVariant>("value"); // or text, or path, or filter text
-        QTest::addColumn<QString>("argument"); // delimiter of a piece, word of a list position
-        QTest::addColumn<int>("n");
-        QTest::addColumn<QVariant>("expected"); // ignored when an error is expected
-        QTest::addColumn<int>("error");
+        QTest::addColumn<Operation>("c");
         auto row = [](const char *name, int operation, const QVariant &value,
                        const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << operation << value << QString() << 0 << expected << error;
+            QTest::newRow(name) << Operation { operation, value, {}, 0, expected, error };
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
@@ -224,6 +234,14 @@ private slots:
         row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
         row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
             text("2024-03-01 14:05:09"));
+        // A colour is RGB with red in the low byte, or a palette role.
+        row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
+        row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
+        row("button face", ColourOf, SystemColor::ButtonFace, roleColour(QPalette::Button));
+        row("window background", ColourOf, SystemColor::WindowBackground,
+            roleColour(QPalette::Base));
+        row("highlight", ColourOf, SystemColor::Highlight, roleColour(QPalette::Highlight));
+        row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
         const char *types
             = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
         textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
@@ -273,18 +291,44 @@ private slots:
         textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
             QDir::homePath());
         textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
+        // A file is UTF-8 when all of it is, else Windows-1252.
+        auto decoded = [&](const char *name, const char *bytes, const QString &expected) {
+            QTest::newRow(name) << Operation { Decoded, QByteArray(bytes), m_dir.path(), 0,
+                expected, 0 };
+        };
+        decoded("UTF-8", "caf\xC3\xA9 \xE2\x82\xAC", QStringLiteral("caf\u00E9 \u20AC"));
+        decoded("UTF-8 BOM dropped", "\xEF\xBB\xBFTitle=x", QStringLiteral("Title=x"));
+        decoded("Windows-1252 accents", "caf\xE9 na\xEFve", QStringLiteral("caf\u00E9 na\u00EFve"));
+        decoded("Windows-1252 high codes", "\x80 \x85 \x93q\x94 \x96 \x99 \x9F",
+            QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178"));
+        decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
+            QStringLiteral("\u00C3\u00A9 and \u00E9"));
+        textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "", 0, "");
+        auto step = [](const char *name, int operation, qint32 start, qint32 by, qint32 after,
+                        int error = 0) {
+            QTest::newRow(name) << Operation { operation, start, {}, by,
+                QVariantList { after, after }, error };
+        };
+        const qint32 top = std::numeric_limits<qint32>::max();
+        const qint32 bottom = std::numeric_limits<qint32>::min();
+        step("increment by several", StepUp, 10, 5, 15);
+        step("increment by a negative step", StepUp, 10, -3, 7);
+        step("increment up to the top", StepUp, top - 1, 1, top);
+        step("decrement down to the bottom", StepDown, bottom + 1, 1, bottom);
+        step("increment past the top", StepUp, top, 1, top, overflow);
+        step("increment below the bottom", StepUp, bottom, -1, bottom, overflow);
+        step("decrement below the bottom", StepDown, bottom, 1, bottom, overflow);
+        step("decrement past the top", StepDown, top, -1, top, overflow);
     }
 
     void operationGivesTheValueOrRaises()
     {
-        QFETCH(int, operation);
-        QFETCH(QVariant, value);
-        QFETCH(QString, argument);
-        QFETCH(int, n);
-        QFETCH(QVariant, expected);
-        QFETCH(int, error);
+        QFETCH(Operation, c);
+        const auto &[operation, value, argument, n, expected, error] = c;
         QVariant result;
-        QCOMPARE(raisedError([&] { result = apply(operation, value, argument, n); }), error);
+        const auto call
+            = [&, op = operation, &v = value, &a = argument, n = n] { return apply(op, v, a, n); };
+        QCOMPARE(raisedError([&] { result = call(); }), error);
         if (!error)
             QCOMPARE(result, expected);
     }
@@ -313,38 +357,13 @@ private slots:
                 "91 Object variable or With block variable not set", "51 disk gone" }));
     }
 
-    void colourIsRgbWithRedLowOrAPaletteRole_data()
-    {
-        QTest::addColumn<quint32>("value");
-        QTest::addColumn<QColor>("colour");
-        QTest::newRow("three bytes, red lowest") << 0x00123456u << QColor(0x56, 0x34, 0x12);
-        QTest::newRow("button face") << SystemColor::ButtonFace << roleColour(QPalette::Button);
-        QTest::newRow("window background")
-            << SystemColor::WindowBackground << roleColour(QPalette::Base);
-        QTest::newRow("highlight") << SystemColor::Highlight << roleColour(QPalette::Highlight);
-        QTest::newRow("button text") << 0x80000012u << roleColour(QPalette::ButtonText);
-    }
-
-    void colourIsRgbWithRedLowOrAPaletteRole()
-    {
-        QFETCH(quint32, value);
-        QFETCH(QColor, colour);
-        QPalette palette;
-        for (int r = 0; r < QPalette::NColorRoles; ++r)
-            palette.setColor(QPalette::Active, QPalette::ColorRole(r), roleColour(r));
-        QCOMPARE(toQColor(value, palette), colour);
-        if (!isSystemColor(value))
-            QCOMPARE(fromQColor(colour), value);
-    }
-
     void anyTextRoundTripsAsANameOrAValue()
     {
         // Names that look alike in a settings file each address a value of their own.
         const QStringList texts = { QString(), "a/b", "a\\b", "a%2Fb", "a", "Name=x=y",
             "a\r\nb\r\n", "a%CRLF%b", QStringLiteral("Gr\u00FC\u00DFe \u65E5\u672C \U0001F389"),
             "[General]", "@Variant(\\0\\x7f) #x ;y", QStringLiteral("a") + QChar(0) + QChar(0x7f) };
-        const QString app = QStringLiteral("RoundTrip"), s = QStringLiteral("S"),
-                      k = QStringLiteral("K");
+        const QString app("RoundTrip"), s("S"), k("K");
         for (const QString &t : texts) {
             SettingsStore::SaveSetting(app, t, k, "s:" + t);
             SettingsStore::SaveSetting(app, s, t, "k:" + t);
@@ -355,8 +374,7 @@ private slots:
             QCOMPARE(SettingsStore::GetSetting(app, s, t), "k:" + t);
             QCOMPARE(SettingsStore::GetSetting(t, s, k), "a:" + t);
         }
-        QCOMPARE(SettingsStore::GetSetting(app, s, QStringLiteral("none"), QStringLiteral("dflt")),
-            QStringLiteral("dflt"));
+        QCOMPARE(SettingsStore::GetSetting(app, s, "none", "dflt"), "dflt");
     }
 
     void namesMatchWithoutRegardToLetterCase_data()
@@ -379,19 +397,15 @@ private slots:
     {
         QFETCH(int, level);
         QFETCH(QStringList, spellings);
-        // The application, section and key, with the level under test spelled as asked.
-        auto address = [&](int spelling) {
-            QStringList names { "App", "Section", "Key" };
-            names[level] = spellings[spelling];
-            return names;
+        // The application, section and key, with the level under test in each spelling.
+        QList<QStringList> at(spellings.size(), { "App", "Section", "Key" });
+        for (int i = 0; i < spellings.size(); ++i)
+            at[i][level] = spellings[i];
+        const auto save = [&](int i, const QString &v) {
+            SettingsStore::SaveSetting(at[i][0], at[i][1], at[i][2], v);
         };
-        auto save = [&](int spelling, const QString &value) {
-            const QStringList n = address(spelling);
-            SettingsStore::SaveSetting(n[0], n[1], n[2], value);
-        };
-        auto get = [&](int spelling) {
-            const QStringList n = address(spelling);
-            return SettingsStore::GetSetting(n[0], n[1], n[2], QStringLiteral("dflt"));
+        const auto get = [&](int i) {
+            return SettingsStore::GetSetting(at[i][0], at[i][1], at[i][2], "dflt");
         };
         save(0, QStringLiteral("first"));
         QCOMPARE(get(1), QStringLiteral("first"));
@@ -399,8 +413,8 @@ private slots:
         QCOMPARE(get(2), QStringLiteral("second"));
         QCOMPARE(get(0), QStringLiteral("second"));
         // One file, one entry: the spelling first written is kept.
-        const QString path = SettingsStore::filePath(address(0)[0]);
-        QCOMPARE(SettingsStore::filePath(address(2)[0]), path);
+        const QString path = SettingsStore::filePath(at[0][0]);
+        QCOMPARE(SettingsStore::filePath(at[2][0]), path);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
             QStringList { QFileInfo(path).fileName() });
         const QByteArray contents = readFile(path);
@@ -439,31 +453,47 @@ private slots:
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql_data()
     {
+        // The test's database, no file at all, its start only, or other bytes.
+        QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("table");
         QTest::addColumn<int>("error");
         QTest::addColumn<QString>("names");
         const int missing = ErrTableNotFound;
-        QTest::newRow("as written") << "colours" << 0 << "Red,Green,Blue";
-        QTest::newRow("upper-cased by the reader") << "COLOURS" << 0 << "Red,Green,Blue";
-        QTest::newRow("existing name with quote and semicolon") << OddTable << 0 << "odd";
-        QTest::newRow("same name upper-cased") << OddTable.toUpper() << 0 << "odd";
+        const QByteArray db("database");
+        QTest::newRow("as written") << db << "colours" << 0 << "Red,Green,Blue";
+        QTest::newRow("upper-cased by the reader") << db << "COLOURS" << 0 << "Red,Green,Blue";
+        QTest::newRow("existing name with quote and semicolon") << db << OddTable << 0 << "odd";
+        QTest::newRow("same name upper-cased") << db << OddTable.toUpper() << 0 << "odd";
         QTest::newRow("injection after a quote")
-            << "colours\"; DROP TABLE colours; --" << missing << "";
-        QTest::newRow("second statement") << "colours; DELETE FROM colours" << missing << "";
-        QTest::newRow("empty name") << "" << missing << "";
+            << db << "colours\"; DROP TABLE colours; --" << missing << "";
+        QTest::newRow("second statement") << db << "colours; DELETE FROM colours" << missing << "";
+        QTest::newRow("empty name") << db << "" << missing << "";
+        const int unrecognized = ErrUnrecognizedDatabase;
+        QTest::newRow("missing file")
+            << QByteArray() << "colours" << int(ErrDatabaseFileNotFound) << "";
+        QTest::newRow("text file") << QByteArray("Property Control Definition File\r\n")
+                                   << "colours" << unrecognized << "";
+        QTest::newRow("truncated database")
+            << QByteArray("truncated") << "colours" << unrecognized << "";
     }
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql()
     {
+        QFETCH(QByteArray, file);
         QFETCH(QString, table);
         QFETCH(int, error);
         QFETCH(QString, names);
-        auto db = OpenDatabase(m_db);
+        const QString path = file == "database" ? m_db : m_dir.filePath(QStringLiteral("bad.db"));
+        if (file == "truncated")
+            file = readFile(m_db).left(60);
+        QVERIFY(path == m_db || file.isNull() || !test::writeFile(path, file).isEmpty());
         std::unique_ptr<Recordset> records;
-        QCOMPARE(raisedError([&] { records = db->OpenRecordset(table); }), error);
+        QCOMPARE(raisedError([&] { records = OpenDatabase(path)->OpenRecordset(table); }), error);
         if (records)
-            QCOMPARE(valuesOf(*records, QStringLiteral("NAME")).join(QLatin1Char(',')), names);
+            QCOMPARE(valuesOf(*records, "NAME").join(QLatin1Char(',')), names);
         QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
+        if (path != m_db)
+            QFile::remove(path);
     }
 
     void readOnlySnapshotLeavesTheFileAndIgnoresLaterChanges()
@@ -478,100 +508,12 @@ private slots:
         QCOMPARE(valuesOf(*records, QStringLiteral("code")), QStringList({ "R", "G", "B" }));
     }
 
-    void fileThatIsNoDatabaseFails_data()
-    {
-        QTest::addColumn<QByteArray>("bytes"); // null: no file at all
-        QTest::addColumn<int>("error");
-        QTest::newRow("missing file") << QByteArray() << int(ErrDatabaseFileNotFound);
-        QTest::newRow("text file")
-            << QByteArray("Property Control Definition File\r\n") << int(ErrUnrecognizedDatabase);
-        QTest::newRow("truncated database")
-            << QByteArray("truncated") << int(ErrUnrecognizedDatabase);
-    }
-
-    void fileThatIsNoDatabaseFails()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, error);
-        if (bytes == "truncated")
-            bytes = readFile(m_db).left(60); // the start of a real database
-        const QString path = m_dir.filePath(QStringLiteral("bad.db"));
-        QVERIFY(bytes.isNull() || !test::writeFile(path, bytes).isEmpty());
-        QCOMPARE(raisedError([&] { OpenDatabase(path); }), error);
-        QFile::remove(path);
-    }
-
-    void stepChangesTheCounterOrOverflowsKeepingIt_data()
-    {
-        QTest::addColumn<bool>("increment");
-        QTest::addColumn<qint32>("start");
-        QTest::addColumn<qint32>("step");
-        QTest::addColumn<qint32>("expected"); // the start again when it overflows
-        QTest::addColumn<int>("error");
-        const qint32 top = std::numeric_limits<qint32>::max();
-        const qint32 bottom = std::numeric_limits<qint32>::min();
-        const int overflow = ErrOverflow;
-        QTest::newRow("increment by several") << true << 10 << 5 << 15 << 0;
-        QTest::newRow("increment by a negative step") << true << 10 << -3 << 7 << 0;
-        QTest::newRow("increment up to the top") << true << top - 1 << 1 << top << 0;
-        QTest::newRow("decrement down to the bottom") << false << bottom + 1 << 1 << bottom << 0;
-        QTest::newRow("increment past the top") << true << top << 1 << top << overflow;
-        QTest::newRow("increment below the bottom") << true << bottom << -1 << bottom << overflow;
-        QTest::newRow("decrement below the bottom") << false << bottom << 1 << bottom << overflow;
-        QTest::newRow("decrement past the top") << false << top << -1 << top << overflow;
-    }
-
-    void stepChangesTheCounterOrOverflowsKeepingIt()
-    {
-        QFETCH(bool, increment);
-        QFETCH(qint32, start);
-        QFETCH(qint32, step);
-        QFETCH(qint32, expected);
-        QFETCH(int, error);
-        qint32 counter = start;
-        qint32 returned = 0;
-        QCOMPARE(raisedError([&] {
-            returned = increment ? Increment(counter, step) : Decrement(counter, step);
-        }),
-            error);
-        QCOMPARE(counter, expected);
-        QCOMPARE(returned, error ? 0 : expected);
-    }
-
-    void readWholeFileDecodesItsBytes_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xE2\x82\xAC")
-                               << QStringLiteral("caf\u00E9 \u20AC");
-        QTest::newRow("UTF-8 BOM dropped")
-            << QByteArray("\xEF\xBB\xBFTitle=x") << QStringLiteral("Title=x");
-        QTest::newRow("Windows-1252 accents")
-            << QByteArray("caf\xE9 na\xEFve") << QStringLiteral("caf\u00E9 na\u00EFve");
-        QTest::newRow("Windows-1252 high codes")
-            << QByteArray("\x80 \x85 \x93q\x94 \x96 \x99 \x9F")
-            << QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178");
-        QTest::newRow("invalid UTF-8 anywhere makes all Windows-1252")
-            << QByteArray("\xC3\xA9 and \xE9") << QStringLiteral("\u00C3\u00A9 and \u00E9");
-    }
-
-    void readWholeFileDecodesItsBytes()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        QVERIFY(!test::writeFile(m_dir.filePath(QStringLiteral("Decode.TXT")), bytes).isEmpty());
-        // Read as written on another system: backslashes and other letter case.
-        QCOMPARE(ReadWholeFile(m_dir.path() + QStringLiteral("\\decode.txt")), expected);
-        QCOMPARE(ReadWholeFile(m_dir.filePath(QStringLiteral("missing.txt"))), QString());
-    }
-
     void pathIsFittedKeepingItsFileName_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<int>("narrower"); // pixels less than the whole path; -2: half of it
         QTest::addColumn<QString>("fileName");
-        const QString slashes
-            = QStringLiteral("/home/user/projects/field deck/examples/settings.def");
+        const QString slashes("/home/user/projects/field deck/examples/settings.def");
         const QString backslashes = QStringLiteral("C:\\Program Files\\Vendor\\data\\table.mdb");
         QTest::newRow("fits") << slashes << 0 << "/settings.def";
         QTest::newRow("one pixel too narrow") << slashes << 1 << "/settings.def";
@@ -596,8 +538,7 @@ private slots:
         QVERIFY2(fitted.endsWith(fileName), qPrintable(fitted));
         if (fitted == path)
             return;
-        // "..." and the end of the path from a separator on: as many folders as fit, the file name
-        // even when it alone does not fit.
+        // "..." and as many folders as fit before the file name, which is kept even if too wide.
         QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)),
             qPrintable(fitted));
         QCOMPARE(fitted.at(3), fileName.at(0));
