@@ -170,7 +170,6 @@ private:
     bool m_mounted = false;
 };
 
-const QString OddTable = QStringLiteral("odd\"name; DROP TABLE colours; --");
 } // namespace
 
 class tst_Services : public QObject
@@ -208,13 +207,10 @@ private slots:
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
-        row("Val 12abc", Val, text("12abc"), 12.0);
         row("Val abc", Val, text("abc"), 0.0);
-        row("Val 3.7xyz", Val, text("3.7xyz"), 3.7);
         row("Val blank, sign, dangling exponent", Val, text(" -2.5e"), -2.5);
         row("16-bit 2.5 to even", Int16, 2.5, 2);
         row("16-bit 3.5 to even", Int16, 3.5, 4);
-        row("16-bit 40000", Int16, 40000, {}, overflow);
         row("16-bit 32767.5 rounds past", Int16, 32767.5, {}, overflow);
         row("16-bit empty is 0", Int16, QVariant(), 0);
         row("32-bit 40000", Int32, 40000, 40000);
@@ -222,7 +218,6 @@ private slots:
         row("double of a date", Dbl, march1, 45352.0);
         row("double of 12abc", Dbl, text("12abc"), {}, mismatch);
         row("truth of ' True '", Bool, text(" True "), true);
-        row("truth of 'yes'", Bool, text("yes"), {}, mismatch);
         row("truth of ''", Bool, text(""), {}, mismatch);
         row("date test 1.3.2024", IsDate, text("1.3.2024"), true);
         row("date test 2024-02-30", IsDate, text("2024-02-30"), false);
@@ -237,26 +232,21 @@ private slots:
         // A colour is RGB with red in the low byte, or a palette role.
         row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
         row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
-        row("button face", ColourOf, SystemColor::ButtonFace, roleColour(QPalette::Button));
         row("window background", ColourOf, SystemColor::WindowBackground,
             roleColour(QPalette::Base));
-        row("highlight", ColourOf, SystemColor::Highlight, roleColour(QPalette::Highlight));
         row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
         const char *types
             = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
-        textRow("second piece", PieceOf, "KEY=value", "=", 2, "value");
         textRow("fewer parts", PieceOf, "a=b=c", "=", 4, "");
         textRow("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
         textRow("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
         textRow("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
         textRow("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
-        textRow("list position", PositionIn, types, "DATE", 0, "5");
         textRow("part of an item", PositionIn, types, "FILE", 0, "0");
         textRow("letter case counts", PositionIn, types, "Memo", 0, "0");
         textRow("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
         textRow("no text is one line", LinesOf, "", "", 0, "1");
         textRow("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
-        textRow("empty lines", LinesOf, "\r\n\r\n", "", 0, "3");
         textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
         textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
         // Paths below the test's folder, resolved without regard to letter case.
@@ -264,19 +254,14 @@ private slots:
             textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
         };
         const char *db = "/Data/Combo Lists/Colours.DB";
-        resolved("as written", db, db);
-        resolved("upper-cased", "/DATA/COMBO LISTS/COLOURS.DB", db);
         resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
         resolved("folder, trailing separator", "\\DATA\\", "/Data/");
-        resolved("missing name keeps the matched part", "/DATA/gone.txt", "/Data/gone.txt");
         resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
             "/Data/NoSuch/README.TXT");
         // Of names that differ only in case, the one written exactly is taken first.
         resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
-        resolved("exact twin name.TXT", "/Twins/name.TXT", "/Twins/name.TXT");
         resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
         // Qt's name filters, one a line.
-        textRow("all files", NameFilters, "All Files (*.*)|*.*", "", 0, "All Files (*.*) (*)");
         textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
             "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
         textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
@@ -288,8 +273,6 @@ private slots:
             m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
         textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
             QDir::homePath());
-        textRow("missing start folder", StartFolder, m_dir.filePath(QStringLiteral("gone")), "", 0,
-            QDir::homePath());
         textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
         // A file is UTF-8 when all of it is, else Windows-1252.
         auto decoded = [&](const char *name, const char *bytes, const QString &expected) {
@@ -298,7 +281,6 @@ private slots:
         };
         decoded("UTF-8", "caf\xC3\xA9 \xE2\x82\xAC", QStringLiteral("caf\u00E9 \u20AC"));
         decoded("UTF-8 BOM dropped", "\xEF\xBB\xBFTitle=x", QStringLiteral("Title=x"));
-        decoded("Windows-1252 accents", "caf\xE9 na\xEFve", QStringLiteral("caf\u00E9 na\u00EFve"));
         decoded("Windows-1252 high codes", "\x80 \x85 \x93q\x94 \x96 \x99 \x9F",
             QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178"));
         decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
@@ -311,7 +293,6 @@ private slots:
         };
         const qint32 top = std::numeric_limits<qint32>::max();
         const qint32 bottom = std::numeric_limits<qint32>::min();
-        step("increment by several", StepUp, 10, 5, 15);
         step("increment by a negative step", StepUp, 10, -3, 7);
         step("increment up to the top", StepUp, top - 1, 1, top);
         step("decrement down to the bottom", StepDown, bottom + 1, 1, bottom);
@@ -374,7 +355,6 @@ private slots:
             QCOMPARE(SettingsStore::GetSetting(app, s, t), "k:" + t);
             QCOMPARE(SettingsStore::GetSetting(t, s, k), "a:" + t);
         }
-        QCOMPARE(SettingsStore::GetSetting(app, s, "none", "dflt"), "dflt");
     }
 
     void namesMatchWithoutRegardToLetterCase_data()
@@ -382,7 +362,6 @@ private slots:
         QTest::addColumn<int>("level");
         QTest::addColumn<QStringList>("spellings");
         const QString longName = QString(250, QLatin1Char('x')) + QStringLiteral("\u00C4pfel");
-        QTest::newRow("application") << 0 << QStringList { "MyApp", "myapp", "MYAPP" };
         QTest::newRow("non-ASCII application")
             << 0
             << QStringList { "\u00C4pfel \u00DCbung", "\u00E4PFEL \u00FCBUNG",
@@ -414,7 +393,6 @@ private slots:
         QCOMPARE(get(0), QStringLiteral("second"));
         // One file, one entry: the spelling first written is kept.
         const QString path = SettingsStore::filePath(at[0][0]);
-        QCOMPARE(SettingsStore::filePath(at[2][0]), path);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
             QStringList { QFileInfo(path).fileName() });
         const QByteArray contents = readFile(path);
@@ -460,19 +438,15 @@ private slots:
         QTest::addColumn<QString>("names");
         const int missing = ErrTableNotFound;
         const QByteArray db("database");
-        QTest::newRow("as written") << db << "colours" << 0 << "Red,Green,Blue";
         QTest::newRow("upper-cased by the reader") << db << "COLOURS" << 0 << "Red,Green,Blue";
-        QTest::newRow("existing name with quote and semicolon") << db << OddTable << 0 << "odd";
-        QTest::newRow("same name upper-cased") << db << OddTable.toUpper() << 0 << "odd";
+        QTest::newRow("same name upper-cased")
+            << db << "ODD\"NAME; DROP TABLE COLOURS; --" << 0 << "odd";
         QTest::newRow("injection after a quote")
             << db << "colours\"; DROP TABLE colours; --" << missing << "";
-        QTest::newRow("second statement") << db << "colours; DELETE FROM colours" << missing << "";
         QTest::newRow("empty name") << db << "" << missing << "";
         const int unrecognized = ErrUnrecognizedDatabase;
         QTest::newRow("missing file")
             << QByteArray() << "colours" << int(ErrDatabaseFileNotFound) << "";
-        QTest::newRow("text file") << QByteArray("Property Control Definition File\r\n")
-                                   << "colours" << unrecognized << "";
         QTest::newRow("truncated database")
             << QByteArray("truncated") << "colours" << unrecognized << "";
     }
@@ -517,9 +491,7 @@ private slots:
         const QString backslashes = QStringLiteral("C:\\Program Files\\Vendor\\data\\table.mdb");
         QTest::newRow("fits") << slashes << 0 << "/settings.def";
         QTest::newRow("one pixel too narrow") << slashes << 1 << "/settings.def";
-        QTest::newRow("half the width") << slashes << -2 << "/settings.def";
         QTest::newRow("no width at all") << slashes << 100000 << "/settings.def";
-        QTest::newRow("backslashes, one pixel too narrow") << backslashes << 1 << "\\table.mdb";
         QTest::newRow("backslashes, half the width") << backslashes << -2 << "\\table.mdb";
     }
 
