@@ -20,8 +20,8 @@ private slots:
     // The grid's own input signals are declared and never raised: input belongs to the rows.
     void disabledGridOrRowTakesNoInput_data()
     {
-        QTest::addColumn<std::tuple<QString, bool, bool>>(
-            "c"); // how, text and check box take input
+        // How the input is refused, and whether the text and the check box still take it.
+        QTest::addColumn<std::tuple<QString, bool, bool>>("c");
         QTest::newRow("setEnabled(false)") << std::tuple { QString("widget"), false, false };
         QTest::newRow("stored flag false") << std::tuple { QString("stored"), true, true };
         QTest::newRow("rows disabled") << std::tuple { QString("rows"), false, true };
