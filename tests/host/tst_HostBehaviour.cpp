@@ -2,11 +2,44 @@
 
 #include "ShownGrid.h"
 
+#include <QDir>
+#include <QLibraryInfo>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QtTest>
 
 using namespace kwFieldDeck;
 using test::ShownGrid;
+
+namespace {
+QString withoutComments(const QString &path)
+{
+    QFile file(path);
+    QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    text.remove(QRegularExpression(
+        QStringLiteral("/\\*.*?\\*/"), QRegularExpression::DotMatchesEverythingOption));
+    return text.remove(QRegularExpression(QStringLiteral("//[^\\n]*")));
+}
+
+// The names a text declares or calls as functions (overrides and Qt macros left out), and its
+// properties.
+QSet<QString> namesIn(const QString &text)
+{
+    static const QRegularExpression name(QStringLiteral(
+        "Q_PROPERTY\\([^)]*?(\\w+)\\s+(READ|MEMBER)|(\\b(?!Q_)[A-Za-z_]\\w*)\\s*\\("));
+    QSet<QString> names;
+    for (const QString &statement : text.split(QLatin1Char(';')))
+        for (const QRegularExpressionMatch &m : name.globalMatch(statement))
+            if (!m.captured(1).isEmpty() || !statement.contains(QLatin1String("override")))
+                names << m.captured(1) + m.captured(3);
+    return names;
+}
+
+QSet<QString> qtNames(const char *header)
+{
+    return namesIn(withoutComments(QLibraryInfo::path(QLibraryInfo::HeadersPath) + "/" + header));
+}
+} // namespace
 
 class tst_HostBehaviour : public QObject
 {
@@ -15,6 +48,38 @@ class tst_HostBehaviour : public QObject
 private slots:
     void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
     void cleanup() { host.reset(); }
+
+    // No public class hides a name its Qt base uses: a Qt developer's grid->setEnabled(false) or
+    // field->setParent(x) must do what it does on any object. Every installed header is read.
+    void publicClassHidesNoQtName()
+    {
+        const QSet<QString> object = qtNames("QtCore/qobject.h");
+        const QSet<QString> widget
+            = object + qtNames("QtWidgets/qwidget.h") + qtNames("QtGui/qpaintdevice.h");
+        const QRegularExpression head(QStringLiteral(
+            "\\bclass\\s+KWFIELDDECK_EXPORT\\s+(\\w+)\\s*:\\s*public\\s+(\\w+)\\s*\\{"));
+        const QDir dir(QStringLiteral(KW_PUBLIC_HEADERS));
+        QSet<QString> seen;
+        for (const QString &header : dir.entryList({ QStringLiteral("*.h") })) {
+            const QString text = withoutComments(dir.filePath(header));
+            for (const QRegularExpressionMatch &m : head.globalMatch(text)) {
+                QSet<QString> names = namesIn(text.mid(m.capturedEnd()));
+                names.remove(m.captured(1));
+                seen += names;
+                const QSet<QString> &qt
+                    = m.captured(2) == QLatin1String("QWidget") ? widget : object;
+                QVERIFY2(!names.intersects(qt),
+                    qPrintable(
+                        m.captured(1) + ": " + QSet(names).intersect(qt).values().join(", ")));
+            }
+        }
+        // The reading sees what matters; a broken one fails here rather than passing unseen.
+        for (const char *name : { "setParent", "objectName", "setEnabled", "font", "enabled" })
+            QVERIFY2(widget.contains(QLatin1String(name)) && !object.contains("setFont"), name);
+        for (const char *name :
+            { "storedEnabled", "ReadDef", "Add", "Changed", "Font", "definition" })
+            QVERIFY2(seen.contains(QLatin1String(name)), name);
+    }
 
     // The stored Enabled flag keeps no input out; a check box row's own Enabled does not either.
     // The grid's own input signals are declared and never raised: input belongs to the rows.
