@@ -78,7 +78,6 @@ private slots:
             const QString message = "kwPropertyControl: " + argument + " is not optional!";
             row(name, arguments, { message, message });
         };
-        blank("no AppName", { "", "S", "K" }, "AppName");
         blank("AppName of blanks", { "   ", "S", "K" }, "AppName");
         blank("no Section", { "A", " ", "K" }, "Section");
         blank("no Setting", { "A", "S", "" }, "Setting");
@@ -107,7 +106,6 @@ private slots:
     {
         auto row = columns<QByteArray>();
         row("note line", "# my settings\n");
-        row("line without =", "no equals sign\n");
         row("unclosed section", "[section\n");
         row("NUL byte", QByteArray("\0\n", 2));
         row("100 KB line", QByteArray(100 * 1024, 'x') + '\n');
