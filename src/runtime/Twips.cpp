@@ -44,11 +44,4 @@ double textWidthTwips(const QFont &font, const QString &text)
     return QFontMetricsF(font).horizontalAdvance(text) * twipsPerPixelX();
 }
 
-double textHeightTwips(const QFont &font, const QString &text)
-{
-    return QFontMetricsF(font).boundingRect(text).height() > 0
-        ? QFontMetricsF(font).height() * twipsPerPixelY()
-        : 0.0;
-}
-
 } // namespace kwFieldDeck

@@ -11,8 +11,7 @@ double twipsPerPixelY();
 int twipsToPixelsX(double twips);
 int twipsToPixelsY(double twips);
 
-// Width and height of a text drawn in a font, in twips.
+// The width of a text drawn in a font, in twips.
 double textWidthTwips(const QFont &font, const QString &text);
-double textHeightTwips(const QFont &font, const QString &text);
 
 } // namespace kwFieldDeck

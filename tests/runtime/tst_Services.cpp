@@ -9,7 +9,6 @@
 #include "runtime/FitPath.h"
 #include "runtime/Numbers.h"
 #include "runtime/SettingsStore.h"
-#include "runtime/Text.h"
 #include "runtime/Values.h"
 
 #include "TestSupport.h"
@@ -47,8 +46,8 @@ QColor roleColour(int role)
 }
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
-enum OnText { PieceOf = RgbOf + 1, PositionIn, LinesOf, Resolved, NameFilters, StartFolder };
-enum Others { Decoded = StartFolder + 1, WholeFile, StepUp, StepDown };
+enum OnText { Resolved = RgbOf + 1, NameFilters, StartFolder };
+enum Others { Decoded = StartFolder + 1, WholeFile, StepUp };
 
 QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
 {
@@ -60,9 +59,7 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
         [&] { return int(toInt16(v)); }, [&] { return toInt32(v); }, [&] { return toDouble(v); },
         [&] { return toBool(v); }, [&] { return isDate(v); }, [&] { return toDate(v); },
         [&] { return textOf(v); }, [&] { return toQColor(v.toUInt(), palette); },
-        [&] { return fromQColor(v.value<QColor>()); }, [&] { return Piece(s, argument, n); },
-        [&] { return QString::number(ListPosition(s, argument)); },
-        [&] { return QString::number(LineCount(s)); }, [&] { return FileSystem::resolvePath(s); },
+        [&] { return fromQColor(v.value<QColor>()); }, [&] { return FileSystem::resolvePath(s); },
         [&] { return Dialogs::nameFilters(s).join(QLatin1Char('\n')); },
         [&] { return Dialogs::startFolder(s); },
         [&] {
@@ -71,12 +68,10 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
             return ReadWholeFile(argument + QStringLiteral("\\decode.txt"));
         },
         [&] { return ReadWholeFile(s); } };
-    if (operation == StepUp || operation == StepDown) {
+    if (operation == StepUp) {
         // The counter after and the value returned; an overflow that kept the counter is passed on.
         qint32 counter = v.toInt(), returned = 0;
-        const int error = raisedError([&] {
-            returned = operation == StepUp ? Increment(counter, n) : Decrement(counter, n);
-        });
+        const int error = raisedError([&] { returned = Increment(counter, n); });
         if (error && counter == v.toInt())
             raise(error);
         return QVariantList { counter, returned };
@@ -121,13 +116,12 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-// Operation, value, delimiter or list word, count, result (unless an error is expected), error.
+// Operation, value, folder, step, result (unless an error is expected), error.
 using Operation = std::tuple<int, QVariant, QString, int, QVariant, int>;
 
-void textRow(const char *name, int operation, const QString &text, const QString &argument, int n,
-    const QString &expected)
+void textRow(const char *name, int operation, const QString &text, const QString &expected)
 {
-    QTest::newRow(name) << Operation { operation, text, argument, n, expected, 0 };
+    QTest::newRow(name) << Operation { operation, text, {}, 0, expected, 0 };
 }
 
 // A folder not even root can write: failing file modes, a read-only bind mount in a mount
@@ -235,23 +229,9 @@ private slots:
         row("window background", ColourOf, SystemColor::WindowBackground,
             roleColour(QPalette::Base));
         row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
-        const char *types
-            = "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
-        textRow("fewer parts", PieceOf, "a=b=c", "=", 4, "");
-        textRow("no delimiter", PieceOf, "ADDFIELD", " ", 1, "ADDFIELD");
-        textRow("after adjacent delimiters", PieceOf, "a==b", "=", 3, "b");
-        textRow("untrimmed", PieceOf, " NAME = x y ", "=", 2, " x y ");
-        textRow("CR LF delimiter", PieceOf, "a\r\nb\r\nc", "\r\n", 3, "c");
-        textRow("part of an item", PositionIn, types, "FILE", 0, "0");
-        textRow("letter case counts", PositionIn, types, "Memo", 0, "0");
-        textRow("first of a repeated item", PositionIn, "A,B,A", "A", 0, "1");
-        textRow("no text is one line", LinesOf, "", "", 0, "1");
-        textRow("ends with CR LF", LinesOf, "ab\r\n", "", 0, "2");
-        textRow("bare LF and CR", LinesOf, "a\nb\rc", "", 0, "1");
-        textRow("CR CR LF", LinesOf, "a\r\r\nb", "", 0, "2");
         // Paths below the test's folder, resolved without regard to letter case.
         auto resolved = [&](const char *name, const char *written, const char *expected) {
-            textRow(name, Resolved, m_dir.path() + written, "", 0, m_dir.path() + expected);
+            textRow(name, Resolved, m_dir.path() + written, m_dir.path() + expected);
         };
         const char *db = "/Data/Combo Lists/Colours.DB";
         resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
@@ -262,18 +242,17 @@ private slots:
         resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
         resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
         // Qt's name filters, one a line.
-        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", "", 0,
+        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
             "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
-        textRow("several patterns", NameFilters, "Images|*.png;*.JPG", "", 0,
+        textRow("several patterns", NameFilters, "Images|*.png;*.JPG",
             "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
         textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
-            "", 0, "Data (*.db) (*.[dD][bB])");
+            "Data (*.db) (*.[dD][bB])");
         // A dialog's start folder, home when it is missing.
         textRow("start folder in other case and backslashes", StartFolder,
-            m_dir.path() + "\\DATA\\", "", 0, m_dir.filePath(QStringLiteral("Data")));
-        textRow("start folder on a drive of another system", StartFolder, "C:\\", "", 0,
-            QDir::homePath());
-        textRow("empty start folder", StartFolder, "", "", 0, QDir::homePath());
+            m_dir.path() + "\\DATA\\", m_dir.filePath(QStringLiteral("Data")));
+        textRow("start folder on a drive of another system", StartFolder, "C:\\", QDir::homePath());
+        textRow("empty start folder", StartFolder, "", QDir::homePath());
         // A file is UTF-8 when all of it is, else Windows-1252.
         auto decoded = [&](const char *name, const char *bytes, const QString &expected) {
             QTest::newRow(name) << Operation { Decoded, QByteArray(bytes), m_dir.path(), 0,
@@ -285,7 +264,7 @@ private slots:
             QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178"));
         decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
             QStringLiteral("\u00C3\u00A9 and \u00E9"));
-        textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "", 0, "");
+        textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
         auto step = [](const char *name, int operation, qint32 start, qint32 by, qint32 after,
                         int error = 0) {
             QTest::newRow(name) << Operation { operation, start, {}, by,
@@ -295,11 +274,8 @@ private slots:
         const qint32 bottom = std::numeric_limits<qint32>::min();
         step("increment by a negative step", StepUp, 10, -3, 7);
         step("increment up to the top", StepUp, top - 1, 1, top);
-        step("decrement down to the bottom", StepDown, bottom + 1, 1, bottom);
         step("increment past the top", StepUp, top, 1, top, overflow);
         step("increment below the bottom", StepUp, bottom, -1, bottom, overflow);
-        step("decrement below the bottom", StepDown, bottom, 1, bottom, overflow);
-        step("decrement past the top", StepDown, top, -1, top, overflow);
     }
 
     void operationGivesTheValueOrRaises()
