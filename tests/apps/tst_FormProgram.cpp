@@ -116,11 +116,6 @@ private slots:
                    "Size: Error 457 (This key is already associated with an element of this "
                    "collection) in Function 'Add' of Class Module 'DropDownValues'",
                    ": Error 6 (Overflow) in Sub 'ReadDef' of User Control 'kwPropertyControl'" };
-        QTest::newRow("overflow inside a block")
-            << crLf("Property Control Definition File\nADDFIELD A\nTYPE=TEXT\nENDFIELD\n"
-                    "ADDFIELD B\nSIZE=99999999999\nENDFIELD\n")
-            << QStringList { "B: Error 6 (Overflow) in Sub 'ReadDef' of User Control "
-                             "'kwPropertyControl'" };
         QTest::newRow("ADDFIELD without a name")
             << crLf("Property Control Definition File\nADDFIELD A\nTYPE=BUTTON\nENDFIELD\n"
                     "TYPE=TEXT\nENDFIELD\nADDFIELD\nTYPE=TEXT\nENDFIELD\n")
