@@ -33,7 +33,6 @@ struct FontPick
     QString storedName;
     int pick;
     const char *button;
-    bool damagedStore;
     QString expected;
 };
 
@@ -146,20 +145,15 @@ private slots:
         const QStringList families = QFontDatabase::families();
         const int other = families.first() == "MS Sans Serif"_L1 ? 1 : 0;
         const QString picked = families.value(other) + "|14", unchanged = u"MS Sans Serif|10"_s;
-        QTest::newRow("Ok") << FontPick { {}, other, "btnOk", false, picked };
-        QTest::newRow("Cancel changes nothing")
-            << FontPick { {}, other, "btnCancel", false, unchanged };
-        QTest::newRow("close button")
-            << FontPick { {}, int(families.size() - 1), "", false, unchanged };
-        // A store edited by hand is kept aside; both font values still reach the new one.
-        QTest::newRow("Ok, store with a note line")
-            << FontPick { {}, other, "btnOk", true, picked };
-        QTest::newRow("Ok, no pick") << FontPick { {}, -1, "btnOk", false, u"MS Sans Serif|11"_s };
+        QTest::newRow("Ok") << FontPick { {}, other, "btnOk", picked };
+        QTest::newRow("Cancel changes nothing") << FontPick { {}, other, "btnCancel", unchanged };
+        QTest::newRow("close button") << FontPick { {}, int(families.size() - 1), "", unchanged };
+        QTest::newRow("Ok, no pick") << FontPick { {}, -1, "btnOk", u"MS Sans Serif|11"_s };
         for (const QString &family : families) {
             const QString name = family.toUpper() != family ? family.toUpper() : family.toLower();
             if (name != family && !families.contains(name)) {
                 QTest::newRow("Ok, no pick, stored name in another letter case")
-                    << FontPick { name, -1, "btnOk", false, name + "|11" };
+                    << FontPick { name, -1, "btnOk", name + "|11" };
                 break;
             }
         }
@@ -197,11 +191,6 @@ private slots:
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
         QCOMPARE(fontOf(memo), row.expected);
-        if (row.damagedStore) {
-            const QString store = SettingsStore::filePath(QCoreApplication::applicationName());
-            QVERIFY(QDir().mkpath(QFileInfo(store).absolutePath()));
-            QVERIFY(!test::writeFile(store, "# my settings\n[Other]\nkept=1\n").isEmpty());
-        }
         // Escape hides the window, keeping the text and storing the font.
         QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
         QVERIFY(!memo.isVisible());
