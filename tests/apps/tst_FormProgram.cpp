@@ -90,12 +90,7 @@ private slots:
         const QString mustBe
             = " Not Valid  Must be "
               "TEXT,NUMERIC,CHECKBOX,COMBO,DATE,SLIDER,FILESELECTOR,FOLDERSELECTOR,MEMO";
-        // Read as drop-down entries, the two DESCRIPTION lines would be one key twice.
-        QTest::newRow("clean") << crLf(
-            "Property Control Definition File\nDESCRIPTION=outside\n"
-            "ADDFIELD Size\nTYPE=COMBO\nDESCRIPTION=How big\nADDCOMBOITEMS\n1=Small\n"
-            "DESCRIPTION=Pick one\nDESCRIPTION=Pick one size\nENDCOMBOITEMS\nENDFIELD\n")
-                               << QStringList();
+        QTest::newRow("clean") << crLf(ThreeFields) << QStringList();
         // Port stays open after its bad type until the second ENDFIELD; Host, open without a type,
         // takes Colour's keys; the overflow between two blocks ends the reading before Never.
         QTest::newRow("several faulty blocks, LF line ends")
