@@ -24,6 +24,11 @@ private slots:
         row("BorderStyle", 0, 1);
         row("ScaleMode", 1, 3);
         row("Appearance", 1, 0);
+        // The colours again here: the Designer suite that checks them is built only with Designer.
+        row("BackColor", quint32(SystemColor::ButtonFace), quint32(0x00112233));
+        row("ForeColor", quint32(0), quint32(0x00445566));
+        row("FieldNameBackColor", quint32(SystemColor::WindowBackground), quint32(0x00010203));
+        row("FieldNameForeColor", quint32(SystemColor::WindowText), quint32(0x00040506));
     }
 
     // A form file keeps the grid's properties as Qt's property system reads and writes them.
@@ -34,6 +39,8 @@ private slots:
         GridHost saved;
         QCOMPARE(saved.grid->property(name),
             initial.isValid() ? initial : QVariant(saved.window.font()));
+        const QMetaObject *meta = saved.grid->metaObject();
+        QVERIFY(meta->property(meta->indexOfProperty(name)).isStored());
         QVERIFY(saved.grid->setProperty(name, other));
         // Read before the next repaint, which puts ScaleMode back to twips.
         const QVariant kept = saved.grid->property(name);
