@@ -174,7 +174,6 @@ private slots:
             = given.isEmpty() ? QRandomGenerator::global()->generate() : given.toUInt();
         const int actions = qEnvironmentVariableIntValue("KW_RANDOM_ACTIONS");
         UserGrid user(1800);
-        QVERIFY(user.shown);
         user.dialogAnswer = QStringLiteral("/tmp");
         for (int type = ftText; type <= ftMemo; ++type) {
             user.addOfType(type, UserGrid::typeName(type));
