@@ -6,7 +6,6 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -149,13 +148,13 @@ private slots:
         QStringList events;
         connect(user->grid, &kwPropertyControl::Changed, this, [&](Field *field) {
             events << field->Name() + QLatin1Char(' ') + field->Value().toString() + " in "
-                    + user->highlighted().value(0)->Name();
+                    + user->d()->highlighted()->Name();
         });
         before->SetFocus();
         user->press(Qt::Key_Tab);
         QCOMPARE(user->focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
-        QCOMPARE(user->highlighted(), QVector<Field *> { colour });
+        QCOMPARE(user->d()->highlighted(), colour);
         user->press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
         user->closePopup();

@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QMenu>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -132,8 +131,7 @@ private slots:
             field->setValue(before);
         if (set == "number")
             QCOMPARE(field->Value(), QVariant(0.0));
-        host->click(host->editorPoint(0));
-        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        auto *edit = qobject_cast<QLineEdit *>(host->click(host->editorPoint(0)));
         QVERIFY(edit);
         QCOMPARE(edit->text(), before);
         edit->setSelection(selection.x(), selection.y());
@@ -158,10 +156,8 @@ private slots:
         for (Field *field : { text, date })
             field->setBackColor(0x00FFEEDD);
         date->setMax(QDate(2030, 1, 1));
-        host->click(host->editorPoint(0));
-        QCOMPARE(QApplication::focusWidget()->palette().color(QPalette::Base), colour);
-        host->click(host->namePoint(1));
-        auto *box = qobject_cast<QDateEdit *>(QApplication::focusWidget());
+        QCOMPARE(host->click(host->editorPoint(0))->palette().color(QPalette::Base), colour);
+        auto *box = qobject_cast<QDateEdit *>(host->click(host->namePoint(1)));
         QVERIFY(box);
         QVERIFY(box->palette().color(QPalette::Base) != colour);
         QVERIFY(box->maximumDate() != QDate(2030, 1, 1));

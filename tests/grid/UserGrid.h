@@ -10,7 +10,6 @@
 #include "fieldmodel/DropDownValues_p.h"
 #include "runtime/Dialogs.h"
 
-#include <QApplication>
 #include <QDate>
 #include <QLabel>
 
@@ -89,15 +88,6 @@ public:
         const Field *focused = focusedField(), *lit = d()->highlighted();
         return (focused ? focused->Name() : "-") + ", " + (lit ? lit->Name() : "-") + ", "
             + description.text();
-    }
-
-    // The fields whose name cells show the highlight.
-    QVector<Field *> highlighted() const
-    {
-        QVector<Field *> rows;
-        if (Field *field = d()->highlighted())
-            rows << field;
-        return rows;
     }
 
     // A key pressed where the focus is; Up and Down arrive as posted keys.

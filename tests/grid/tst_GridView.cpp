@@ -2,9 +2,7 @@
 
 #include "grid/UserGrid.h"
 
-#include <QAccessible>
 #include <QDateEdit>
-#include <QLineEdit>
 #include <QtTest>
 
 using namespace kwFieldDeck;

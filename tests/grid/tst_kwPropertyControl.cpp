@@ -2,7 +2,6 @@
 
 #include "grid/GridHost.h"
 
-#include <QLineEdit>
 #include <QVBoxLayout>
 #include <QtTest>
 

@@ -78,8 +78,8 @@ public:
     }
     QPoint namePoint(int index) const { return editorPoint(index, true); }
 
-    // Moves the mouse there and clicks whatever widget the user would hit.
-    void click(const QPoint &inGrid)
+    // Moves the mouse there and clicks whatever widget the user would hit; gives the focus widget.
+    QWidget *click(const QPoint &inGrid)
     {
         QTest::mouseMove(grid, inGrid);
         QWidget *target = grid->childAt(inGrid);
@@ -87,6 +87,7 @@ public:
             target = grid;
         QTest::mouseClick(target, Qt::LeftButton, {}, target->mapFrom(grid, inGrid));
         QApplication::processEvents();
+        return QApplication::focusWidget();
     }
 
     // The text of the focused line edit or row editor; "(none)" when no row has the focus.

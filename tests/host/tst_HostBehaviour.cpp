@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace kwFieldDeck;
@@ -161,10 +160,10 @@ private slots:
         host->grid->Refresh(true);
         QCOMPARE(host->grid->Font(), host->grid->font());
         for (int row : { 0, 1 }) {
-            host->click(host->editorPoint(row));
-            QVERIFY(QApplication::focusWidget());
-            QCOMPARE(QApplication::focusWidget()->font().family(), font.family());
-            QCOMPARE(QApplication::focusWidget()->font().pointSize(), 15);
+            const QWidget *editor = host->click(host->editorPoint(row));
+            QVERIFY(editor);
+            QCOMPARE(editor->font().family(), font.family());
+            QCOMPARE(editor->font().pointSize(), 15);
         }
     }
 
@@ -203,8 +202,7 @@ private slots:
     {
         Field *field = host->add("Path", ftFileSelector, "/tmp");
         host->grid->Refresh(true);
-        host->click(host->editorPoint(0));
-        QVERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+        QVERIFY(qobject_cast<QLineEdit *>(host->click(host->editorPoint(0))));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
         QTest::keyClicks(QApplication::focusWidget(), "/typed");
         QCOMPARE(ShownGrid::focusedText(), QStringLiteral("/tmp/typed"));
