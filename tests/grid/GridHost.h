@@ -1,6 +1,6 @@
 #pragma once
 
-// A window holding one grid of the given size in twips (whole pixels of 15 twips).
+// A shown grid of the given size in twips (whole pixels of 15 twips), with its internals at hand.
 
 #include "fieldmodel/Field_p.h"
 #include "fieldmodel/Fields_p.h"
@@ -16,7 +16,6 @@ namespace kwFieldDeck::test {
 class GridHost : public ShownGrid
 {
 public:
-    // A window that does not become active fails the test.
     explicit GridHost(float width = 4005, float height = 1215, bool show = true)
         : ShownGrid(QSize(twipsToPixelsX(width), twipsToPixelsY(height)), 40)
     {

@@ -36,7 +36,8 @@ public:
         QVERIFY(show());
     }
 
-    // The grid lays itself out when it is first resized, which happens when it is shown.
+    // The grid lays itself out when it is first resized, which happens when it is shown. Shown
+    // again, the window takes back the activation, as the desktop gives it back after a dialog.
     bool show()
     {
         window.show();

@@ -122,9 +122,8 @@ private slots:
         using G = kwPropertyControl;
         watch(&G::Click, &G::DblClick, &G::KeyDown, &G::KeyPress, &G::KeyUp, &G::MouseDown,
             &G::MouseMove, &G::MouseUp);
-        host->click(host->editorPoint(0));
-        QTest::keyClick(
-            QApplication::focusWidget() ? QApplication::focusWidget() : host->grid, Qt::Key_End);
+        QWidget *focus = host->click(host->editorPoint(0));
+        QTest::keyClick(focus ? focus : host->grid, Qt::Key_End);
         QTest::keyClicks(QApplication::focusWidget(), "x");
         host->click(host->editorPoint(1));
         QCOMPARE(text->Value().toString(), textTakes ? "abcx" : "abc");
