@@ -6,25 +6,19 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using test::UserGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 QString focusedPart()
 {
     return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
 }
-
-using SliderCase = std::tuple<QStringList, QString, QList<int>, int, int>;
-using ListCase = std::tuple<bool, QString, int, QString, bool>;
-using BrowseCase = std::tuple<lFieldTypes, QString, QString, QString, QString>;
-using MemoCase = std::tuple<QString, bool, bool, QString>;
 } // namespace
 
 class tst_EditorRows : public QObject
@@ -33,30 +27,27 @@ class tst_EditorRows : public QObject
     std::unique_ptr<UserGrid> user;
 private slots:
     void initTestCase() { QVERIFY(QDir().mkpath(m_deep)); }
-    void init() { QVERIFY((user = std::make_unique<UserGrid>())->shown); }
+    void init() { user = std::make_unique<UserGrid>(); }
     void cleanup() { user.reset(); }
 
     // A grayed box becomes checked, never unchecked: intended.
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt_data()
     {
-        QTest::addColumn<bool>("onTheBox");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("after");
-        QTest::newRow("box, unchecked") << true << 0 << 1;
-        QTest::newRow("box, checked") << true << 1 << 0;
-        QTest::newRow("box, grayed") << true << 2 << 1;
-        QTest::newRow("beside the box, checked") << false << 1 << 0;
+        // On the box or beside it, the box's state before and after.
+        auto row = columns<bool, int, int>();
+        row("box, unchecked", true, 0, 1);
+        row("box, checked", true, 1, 0);
+        row("box, grayed", true, 2, 1);
+        row("beside the box, checked", false, 1, 0);
     }
     void clickOnOrBesideTheBoxTogglesItAndPutsTheFocusInIt()
     {
-        QFETCH(bool, onTheBox);
-        QFETCH(int, start);
-        QFETCH(int, after);
+        const auto [onTheBox, start, after] = fetch<bool, int, int>();
         user->addOfType(ftText, QStringLiteral("Before"));
         Field *check = user->add(QStringLiteral("Check"), ftCheckBox, QString::number(start % 2));
         // A host cannot gray a box; a row whose editor holds a grayed one shows it so.
         if (start == 2)
-            test::GridHost::state(check).check = 2;
+            GridHost::state(check).check = 2;
         QSignalSpy changed(user->grid, &kwPropertyControl::Changed);
         const QRect editor = user->view()->editorRect(FieldPrivate::get(check)->m_row);
         const QPoint point = onTheBox ? paintedPoint(check, "Check1")
@@ -77,25 +68,24 @@ private slots:
     // Min keeps the pair in order, Max is taken as given; "+" and "-" step and are never typed.
     void theSliderKeepsItsValueInItsRange_data()
     {
-        QTest::addColumn<SliderCase>("c");
-        const auto row = [](const char *name, const SliderCase &c) { QTest::newRow(name) << c; };
-        row("Min equal to Max raises Max",
-            { { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10, 2 });
-        row("Max below Min is taken as given",
-            { { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2 });
-        row("a new Max brings the value down", { { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2 });
-        row("a new Min brings the value up", { { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2 });
-        row("a value written past Max comes down", { { "Value=25" }, "", { 0, 10 }, 10, 1 });
-        row("+ at Max stays", { { "Value=10" }, "+", { 0, 10 }, 10, 1 });
-        row("- steps down", { { "Value=4" }, "-", { 0, 10 }, 3, 2 });
-        row("- at a raised Min stays", { { "Value=5", "Min=5" }, "-", { 5, 10 }, 5, 1 });
-        row("only digits are typed", { { "Value=1" }, "0x. 7", { 0, 10 }, 7, 3 });
-        row("typed past Max brought into range", { { "Value=1" }, "25", { 0, 10 }, 10, 3 });
+        // The writes, the keys typed, the range kept, the value and the Changed count.
+        auto row = columns<QStringList, QString, QList<int>, int, int>();
+        row("Min equal to Max raises Max", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10,
+            2);
+        row("Max below Min is taken as given", { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2);
+        row("a new Max brings the value down", { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2);
+        row("a new Min brings the value up", { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2);
+        row("a value written past Max comes down", { "Value=25" }, "", { 0, 10 }, 10, 1);
+        row("+ at Max stays", { "Value=10" }, "+", { 0, 10 }, 10, 1);
+        row("- steps down", { "Value=4" }, "-", { 0, 10 }, 3, 2);
+        row("- at a raised Min stays", { "Value=5", "Min=5" }, "-", { 5, 10 }, 5, 1);
+        row("only digits are typed", { "Value=1" }, "0x. 7", { 0, 10 }, 7, 3);
+        row("typed past Max brought into range", { "Value=1" }, "25", { 0, 10 }, 10, 3);
     }
     void theSliderKeepsItsValueInItsRange()
     {
-        QFETCH(SliderCase, c);
-        const auto &[writes, typed, range, expected, changes] = c;
+        const auto [writes, typed, range, expected, changes]
+            = fetch<QStringList, QString, QList<int>, int, int>();
         Field *slider = user->add(QStringLiteral("Volume"), ftSlider);
         QSignalSpy changed(slider, &Field::Changed);
         for (const QString &write : writes)
@@ -116,7 +106,7 @@ private slots:
         QCOMPARE(changed.count(), changes);
         // The row keeps what its editor showed once the editor goes to another row.
         user->d()->rowEditor().release();
-        const EditorState &shown = test::GridHost::state(slider);
+        const EditorState &shown = GridHost::state(slider);
         QCOMPARE(QList<int>({ shown.sliderMin, shown.sliderMax }), range);
         QCOMPARE(shown.text, QString::number(expected));
         QCOMPARE(shown.sliderValue, expected);
@@ -125,18 +115,18 @@ private slots:
     // No match keeps the selection silently; the entry already chosen is reported again (intended).
     void valueSelectsTheFirstMatchingEntry_data()
     {
-        QTest::addColumn<ListCase>("c");
-        const auto row = [](const char *name, const ListCase &c) { QTest::newRow(name) << c; };
-        row("number 7 followed by letters", { true, "7abc", 1, "7", true });
-        row("number 7.5 matches nothing", { true, "7.5", 3, "0", false });
-        row("no leading number matches 0", { true, "abc", 3, "0", true });
-        row("text in other case, first of two", { false, "RED", 0, "Red", true });
-        row("no such text", { false, "Green", 3, "Zero", false });
+        // Keyed entries or not, the value, the entry chosen, Value read and whether it matched.
+        auto row = columns<bool, QString, int, QString, bool>();
+        row("number 7 followed by letters", true, "7abc", 1, "7", true);
+        row("number 7.5 matches nothing", true, "7.5", 3, "0", false);
+        row("no leading number matches 0", true, "abc", 3, "0", true);
+        row("text in other case, first of two", false, "RED", 0, "Red", true);
+        row("no such text", false, "Green", 3, "Zero", false);
     }
     void valueSelectsTheFirstMatchingEntry()
     {
-        QFETCH(ListCase, c);
-        const auto &[byNumber, value, index, read, matched] = c;
+        const auto [byNumber, value, index, read, matched]
+            = fetch<bool, QString, int, QString, bool>();
         Field *colour = addColours(byNumber);
         QVERIFY(colour);
         colour->setValue(byNumber ? QStringLiteral("0") : QStringLiteral("zero"));
@@ -158,37 +148,33 @@ private slots:
         QStringList events;
         connect(user->grid, &kwPropertyControl::Changed, this, [&](Field *field) {
             events << field->Name() + QLatin1Char(' ') + field->Value().toString() + " in "
-                    + user->highlighted().value(0)->Name();
+                    + user->d()->highlighted()->Name();
         });
         before->SetFocus();
         user->press(Qt::Key_Tab);
         QCOMPARE(user->focusedField(), colour);
         QCOMPARE(focusedPart(), QStringLiteral("cbo"));
-        QCOMPARE(user->highlighted(), QVector<Field *> { colour });
+        QCOMPARE(user->d()->highlighted(), colour);
         user->press(Qt::Key_F4);
         QTRY_VERIFY(QApplication::activePopupWidget());
         user->closePopup();
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
         user->press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
-        QCOMPARE(test::GridHost::state(colour).listIndex, 1);
+        QCOMPARE(GridHost::state(colour).listIndex, 1);
     }
 
     // Keys a box has no use for move to the next row; Down passes over a slider's own slider.
     void upAndDownLeaveTheRow_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("part");
-        QTest::addColumn<bool>("down");
-        QTest::newRow("check box, Up") << int(ftCheckBox) << "Check1" << false;
-        QTest::newRow("slider's number box, Down") << int(ftSlider) << "txtNum" << true;
-        QTest::newRow("memo box, Down") << int(ftMemo) << "Text1" << true;
+        auto row = columns<int, QString, bool>();
+        row("check box, Up", ftCheckBox, "Check1", false);
+        row("slider's number box, Down", ftSlider, "txtNum", true);
+        row("memo box, Down", ftMemo, "Text1", true);
     }
     void upAndDownLeaveTheRow()
     {
-        QFETCH(int, type);
-        QFETCH(QString, part);
-        QFETCH(bool, down);
+        const auto [type, part, down] = fetch<int, QString, bool>();
         Field *before = user->addOfType(ftText, QStringLiteral("Before"));
         Field *target = user->addOfType(type, QStringLiteral("Target"));
         Field *after = user->addOfType(ftText, QStringLiteral("After"));
@@ -208,23 +194,23 @@ private slots:
     // A folder shown shortened with "..." names none, so its dialog starts in InitDir (intended).
     void theBrowseButtonAsksFromTheRow_data()
     {
-        QTest::addColumn<BrowseCase>("c");
-        const auto row = [](const char *name, const BrowseCase &c) { QTest::newRow(name) << c; };
-        const lFieldTypes file = ftFileSelector, folder = ftFolderSelector;
-        row("existing file, cancelled", { file, m_file, "", m_dir.path(), "notes.txt" });
-        row("no file, chosen", { file, "", m_file, "/srv", "" });
-        row("long missing file path, cancelled",
-            { file, m_deep + "/report.txt", "", "/srv", "report.txt" });
-        row("existing folder, chosen", { folder, m_dir.path(), m_deep, m_dir.path(), "" });
-        row("missing folder, cancelled", { folder, "/no/such/folder", "", "/srv", "" });
-        row("long folder shown shortened", { folder, m_deep, "", "/srv", "" });
+        // The type, the value, the dialog's reply, the folder and file name it starts from.
+        auto row = columns<int, QString, QString, QString, QString>();
+        const int file = ftFileSelector, folder = ftFolderSelector;
+        row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
+        row("no file, chosen", file, "", m_file, "/srv", "");
+        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
+            "report.txt");
+        row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path(), "");
+        row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv", "");
+        row("long folder shown shortened", folder, m_deep, "", "/srv", "");
     }
     void theBrowseButtonAsksFromTheRow()
     {
-        QFETCH(BrowseCase, c);
-        const auto &[type, value, reply, folder, name] = c;
+        const auto [type, value, reply, folder, name]
+            = fetch<int, QString, QString, QString, QString>();
         QVERIFY(QFile(m_file).open(QIODevice::WriteOnly));
-        Field *field = user->add(QStringLiteral("Log"), type, value);
+        Field *field = user->add(QStringLiteral("Log"), lFieldTypes(type), value);
         field->setInitDir(QStringLiteral("/srv"));
         if (type == ftFileSelector) {
             field->setTitle(QStringLiteral("Pick a log"));
@@ -266,29 +252,28 @@ private slots:
         QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
         QApplication::sendEvent(button, &back);
         QCOMPARE(files.size() + folders.size(), 1);
-        QTest::mouseClick(button, Qt::LeftButton, {}, test::pointToClick(button));
+        QTest::mouseClick(button, Qt::LeftButton, {}, pointToClick(button));
         QCOMPARE(files.size() + folders.size(), 2);
     }
 
     // No cancel: closing reports a change even unedited; the field names the window (intended).
     void theMemoWindowGivesTheRowItsText_data()
     {
-        QTest::addColumn<MemoCase>("c");
-        QTest::newRow("edited, Escape") << MemoCase { "a\r\nb", true, true, "a\r\nb\r\nc" };
+        // The value, whether the user edits it, closes with Escape, and the value after.
+        auto row = columns<QString, bool, bool, QString>();
+        row("edited, Escape", "a\r\nb", true, true, "a\r\nb\r\nc");
         // Every kind of line end, kept as it is.
         const QString ends = QStringLiteral("a\r\nb\nc\rd\n\re\r\r\n");
-        QTest::newRow("line ends, Escape") << MemoCase { ends, false, true, ends };
-        QTest::newRow("line ends, F4 and the close command")
-            << MemoCase { ends, false, false, ends };
+        row("line ends, Escape", ends, false, true, ends);
+        row("line ends, F4 and the close command", ends, false, false, ends);
     }
     void theMemoWindowGivesTheRowItsText()
     {
-        QFETCH(MemoCase, c);
-        const auto &[value, edit, escape, expected] = c;
+        const auto [value, edit, escape, expected] = fetch<QString, bool, bool, QString>();
         Field *memo = user->add(QStringLiteral("Remarks"), ftMemo, value);
         memo->setTitle(QStringLiteral("Something else"));
         QStringList captions;
-        test::ModalShowDriver window([&, edit = edit, escape = escape](QDialog &dialog) {
+        ModalShowDriver window([&, edit = edit, escape = escape](QDialog &dialog) {
             captions << static_cast<frmMemo &>(dialog).Title();
             auto *text = dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo"));
             if (edit) {
@@ -301,8 +286,7 @@ private slots:
             else
                 dialog.close();
             // The desktop gives the activation back to the grid's window.
-            user->window.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&user->window));
+            QVERIFY(user->show());
         });
         QStringList valuesAtChange;
         connect(user->grid, &kwPropertyControl::Changed, this,
@@ -329,7 +313,7 @@ private:
     QPoint paintedPoint(Field *field, const char *name)
     {
         const QWidget *part = user->editorOf(field)->findChild<QWidget *>(QLatin1String(name));
-        const QPoint point = part ? part->mapTo(user->view(), test::pointToClick(part)) : QPoint();
+        const QPoint point = part ? part->mapTo(user->view(), pointToClick(part)) : QPoint();
         user->d()->rowEditor().release();
         return point;
     }
@@ -355,7 +339,7 @@ private:
     // Entries numbered 3, 7, 7 and 0, or (without keys) matched by their texts.
     Field *addColours(bool byNumber)
     {
-        user->grid->ReadDef(test::defText(
+        user->grid->ReadDef(defText(
             QStringLiteral("ADDFIELD Colour|TYPE=COMBO|ADDCOMBOITEMS|%1|ENDCOMBOITEMS|ENDFIELD")
                 .arg(byNumber ? "3=Red|7=Blue|7b=red|0=Zero" : "Red|Blue|red|Zero")));
         return user->field(QStringLiteral("Colour"));

@@ -6,20 +6,13 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QMenu>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using test::ShownGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 enum UserInput { Typed, PastedByKey, PastedFromMenu };
-
-// The shown value is a date as a date box shows it when it is one.
-using ValueCase = std::tuple<lFieldTypes, QString, QVariant, QVariant, QString, bool>;
-// The text arrives by Add, Value or a definition; the selection is its start and length.
-using SizeCase = std::tuple<QString, QPoint, QString, UserInput, QString, QString>;
-using DropDownCase = std::tuple<QStringList, QStringList, QList<int>, bool>;
 
 void pasteFromTheMenu(QLineEdit *edit)
 {
@@ -41,35 +34,36 @@ class tst_FieldModel : public QObject
     Q_OBJECT
     std::unique_ptr<ShownGrid> host;
 private slots:
-    void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
+    void init() { host = std::make_unique<ShownGrid>(); }
     void cleanup() { host.reset(); }
 
     // A write that changes the editor raises Changed, field then grid, once the row shows it.
     void valueFollowsTheConventionOfItsType_data()
     {
-        QTest::addColumn<ValueCase>("c");
-        const auto row = [](const char *name, const ValueCase &c) { QTest::newRow(name) << c; };
+        // The type, the value before, the value written, what the row shows (a date as a date box
+        // shows it), what Value reads and whether Changed comes.
+        auto row = columns<int, QString, QVariant, QVariant, QString, bool>();
         const QDate march1(2024, 3, 1), january2(2025, 1, 2);
-        row("text 16-bit", { ftText, "", qint16(42), "42", "42", true });
-        row("text date", { ftText, "", march1, "2024-03-01", "2024-03-01", true });
-        row("text keeps out a boolean", { ftText, "before", true, "before", "true", false });
-        row("text keeps out empty", { ftText, "before", QVariant(), "before", "", false });
-        row("text unchanged", { ftText, "old", "old", "old", "old", false });
-        row("numeric abc", { ftNumeric, "", "abc", "0", "abc", false });
-        row("numeric 3.7xyz", { ftNumeric, "", "3.7xyz", "3.7", "3.7", true });
-        row("check true ", { ftCheckBox, "", "true ", "1", "1", true });
-        row("check yes clears", { ftCheckBox, "1", "yes", "0", "0", true });
-        row("check yes on a clear box", { ftCheckBox, "", "yes", "0", "yes", false });
-        row("check TRUE on a ticked box", { ftCheckBox, "1", "TRUE", "1", "1", false });
-        row("slider 3.7xyz", { ftSlider, "", "3.7xyz", "4", "4", true });
-        row("date not a date", { ftDate, "2024-03-01", "no date", march1, "no date", false });
-        row("date", { ftDate, "2024-03-01", january2, january2, "2025-01-02", true });
+        row("text 16-bit", ftText, "", qint16(42), "42", "42", true);
+        row("text date", ftText, "", march1, "2024-03-01", "2024-03-01", true);
+        row("text keeps out a boolean", ftText, "before", true, "before", "true", false);
+        row("text keeps out empty", ftText, "before", QVariant(), "before", "", false);
+        row("text unchanged", ftText, "old", "old", "old", "old", false);
+        row("numeric abc", ftNumeric, "", "abc", "0", "abc", false);
+        row("numeric 3.7xyz", ftNumeric, "", "3.7xyz", "3.7", "3.7", true);
+        row("check true ", ftCheckBox, "", "true ", "1", "1", true);
+        row("check yes clears", ftCheckBox, "1", "yes", "0", "0", true);
+        row("check yes on a clear box", ftCheckBox, "", "yes", "0", "yes", false);
+        row("check TRUE on a ticked box", ftCheckBox, "1", "TRUE", "1", "1", false);
+        row("slider 3.7xyz", ftSlider, "", "3.7xyz", "4", "4", true);
+        row("date not a date", ftDate, "2024-03-01", "no date", march1, "no date", false);
+        row("date", ftDate, "2024-03-01", january2, january2, "2025-01-02", true);
     }
     void valueFollowsTheConventionOfItsType()
     {
-        QFETCH(ValueCase, c);
-        const auto &[type, before, value, shown, read, changes] = c;
-        Field *field = host->add("Row", type, before);
+        const auto [type, before, value, shown, read, changes]
+            = fetch<int, QString, QVariant, QVariant, QString, bool>();
+        Field *field = host->add("Row", lFieldTypes(type), before);
         QStringList heard;
         connect(field, &Field::Changed, this, [&](const QVariant &changedTo) {
             heard << "field " + changedTo.toString() + " shown " + host->readOut(0);
@@ -92,7 +86,7 @@ private slots:
     void typeIsSetOnceButStillChanges()
     {
         Field *field = host->add("Port", ftText, "abc");
-        test::MessageRecorder messages;
+        MessageRecorder messages;
         field->setFieldType(ftText);
         field->setFieldType(ftNumeric);
         const QString warning
@@ -110,21 +104,21 @@ private slots:
     // Never the text the program sets; a number row takes no size and shows 0 until it has one.
     void sizeLimitsWhatTheUserTypesOrPastes_data()
     {
-        QTest::addColumn<SizeCase>("c");
-        const auto row = [](const char *name, const SizeCase &c) { QTest::newRow(name) << c; };
-        row("typing over a selection", { "abcde", { 1, 2 }, "xyz", Typed, "axyde", "Add" });
-        row("paste is cut", { "abc", { 3, 0 }, "123456", PastedByKey, "abc12", "Add" });
-        row("paste into a full box", { "abcde", { 2, 0 }, "x", PastedByKey, "abcde", "Add" });
-        row("paste from the menu", { "ab", { 0, 0 }, "123456", PastedFromMenu, "123ab", "Add" });
+        // The text arrives by Add, Value or a definition; the selection is its start and length.
+        auto row = columns<QString, QPoint, QString, int, QString, QString>();
+        row("typing over a selection", "abcde", { 1, 2 }, "xyz", Typed, "axyde", "Add");
+        row("paste is cut", "abc", { 3, 0 }, "123456", PastedByKey, "abc12", "Add");
+        row("paste into a full box", "abcde", { 2, 0 }, "x", PastedByKey, "abcde", "Add");
+        row("paste from the menu", "ab", { 0, 0 }, "123456", PastedFromMenu, "123ab", "Add");
         for (const char *set : { "Add", "Value", "definition" })
             row(qPrintable(QStringLiteral("longer text set by %1 takes no key").arg(set)),
-                { "1234567890", { 10, 0 }, "x", Typed, "1234567890", set });
-        row("a number row takes no size", { "0", { 0, 1 }, "1234567", Typed, "1234567", "number" });
+                "1234567890", { 10, 0 }, "x", Typed, "1234567890", set);
+        row("a number row takes no size", "0", { 0, 1 }, "1234567", Typed, "1234567", "number");
     }
     void sizeLimitsWhatTheUserTypesOrPastes()
     {
-        QFETCH(SizeCase, c);
-        const auto &[before, selection, input, how, after, set] = c;
+        const auto [before, selection, input, how, after, set]
+            = fetch<QString, QPoint, QString, int, QString, QString>();
         if (set == "definition")
             host->grid->ReadDef(
                 "ADDFIELD Code\r\nTYPE=TEXT\r\nSIZE=5\r\nVALUE=" + before + "\r\nENDFIELD");
@@ -137,8 +131,7 @@ private slots:
             field->setValue(before);
         if (set == "number")
             QCOMPARE(field->Value(), QVariant(0.0));
-        host->click(host->editorPoint(0));
-        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        auto *edit = qobject_cast<QLineEdit *>(host->click(host->editorPoint(0)));
         QVERIFY(edit);
         QCOMPARE(edit->text(), before);
         edit->setSelection(selection.x(), selection.y());
@@ -163,10 +156,8 @@ private slots:
         for (Field *field : { text, date })
             field->setBackColor(0x00FFEEDD);
         date->setMax(QDate(2030, 1, 1));
-        host->click(host->editorPoint(0));
-        QCOMPARE(QApplication::focusWidget()->palette().color(QPalette::Base), colour);
-        host->click(host->namePoint(1));
-        auto *box = qobject_cast<QDateEdit *>(QApplication::focusWidget());
+        QCOMPARE(host->click(host->editorPoint(0))->palette().color(QPalette::Base), colour);
+        auto *box = qobject_cast<QDateEdit *>(host->click(host->namePoint(1)));
         QVERIFY(box);
         QVERIFY(box->palette().color(QPalette::Base) != colour);
         QVERIFY(box->maximumDate() != QDate(2030, 1, 1));
@@ -185,7 +176,7 @@ private slots:
     void editorsAreNamedForScreenReaders()
     {
         QFETCH(int, type);
-        host->grid->Fields()->Add("Port", lFieldTypes(type), 0, {}, "Port the server listens on");
+        host->add("Port", lFieldTypes(type), {}, "Port the server listens on");
         host->click(host->namePoint(0));
         int named = 0;
         for (const QWidget *part : host->grid->findChildren<QWidget *>()) {
@@ -201,17 +192,16 @@ private slots:
     // The list's item data is the number the key starts with; the last Add decides the flag.
     void dropDownEntriesFillTheList_data()
     {
-        QTest::addColumn<DropDownCase>("c");
-        const auto row = [](const char *name, const DropDownCase &c) { QTest::newRow(name) << c; };
-        row("keyed then keyless", { { "10", "" }, { "10", "1" }, { 10, 1 }, false });
-        row("keyless then keyed", { { "", "7" }, { "1", "7" }, { 1, 7 }, true });
-        row("text key", { { "abc" }, { "abc" }, { 0 }, true });
-        row("number then text", { { "12kg" }, { "12kg" }, { 12 }, true });
+        auto row = columns<QStringList, QStringList, QList<int>, bool>();
+        row("keyed then keyless", { "10", "" }, { "10", "1" }, { 10, 1 }, false);
+        row("keyless then keyed", { "", "7" }, { "1", "7" }, { 1, 7 }, true);
+        row("text key", { "abc" }, { "abc" }, { 0 }, true);
+        row("number then text", { "12kg" }, { "12kg" }, { 12 }, true);
     }
     void dropDownEntriesFillTheList()
     {
-        QFETCH(DropDownCase, c);
-        const auto &[keys, storedKeys, itemData, flag] = c;
+        const auto [keys, storedKeys, itemData, flag]
+            = fetch<QStringList, QStringList, QList<int>, bool>();
         DropDownValues *values = host->add("Unit", ftCombo)->DropDownValues();
         for (int i = 0; i < keys.size(); ++i)
             QCOMPARE(values->Add(keys[i], QStringLiteral("entry %1").arg(i))->Key(), storedKeys[i]);
@@ -243,7 +233,7 @@ private slots:
         QCOMPARE(values->Item("FAST"), fast);
         QCOMPARE(values->Item("3"), three);
         QCOMPARE(values->Item(1), one);
-        test::ErrorRecorder errors;
+        ErrorRecorder errors;
         QVERIFY(!values->Add("fast", "Second"));
         QCOMPARE(errors.errors.first().number, 457);
         QCOMPARE(errors.sources(), { "Function 'Add' of Class Module 'DropDownValues'" });
@@ -276,7 +266,7 @@ private slots:
     void membersOutOfTheirPlace()
     {
         Field *text = host->add("Host");
-        test::ErrorRecorder errors;
+        ErrorRecorder errors;
         QVERIFY(!text->DropDownValues()->Add("a", "A"));
         QCOMPARE(text->DropDownValues()->Count(), 0);
         text->setInitDir("/tmp");
@@ -289,11 +279,11 @@ private slots:
         QVERIFY(!orphanValues.Add("a", "A"));
         QCOMPARE(errors.sources().last(), "Function 'Add' of Class Module 'DropDownValues'");
         Fields orphanFields;
-        test::MessageRecorder messages;
+        MessageRecorder messages;
         QVERIFY(!orphanFields.Add("Port", ftText));
         QVERIFY(errors.sources().contains("Property 'FieldType' of Class Module 'Field'"));
         QCOMPARE(errors.sources().last(), "Function 'Add' of Class Module 'Fields'");
-        for (const test::ReportedError &error : errors.errors)
+        for (const ReportedError &error : errors.errors)
             QCOMPARE(error.number, 91);
         QCOMPARE(orphanFields.Count(), 0);
     }
@@ -305,10 +295,10 @@ private slots:
         Fields *fields = host->grid->Fields();
         QPointer<Field> removed = fields->Item(1);
         Field *cleared = fields->Item(3);
-        fields->Remove("ROW0");
-        QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row1"));
+        fields->Remove("ROW1");
+        QCOMPARE(fields->Item(1)->Name(), QStringLiteral("Row2"));
         QVERIFY(!removed->Visible());
-        test::ErrorRecorder errors;
+        ErrorRecorder errors;
         removed->setValue("new");
         QCOMPARE(errors.errors.size(), 1);
         QCOMPARE(errors.errors.first().number, 91);

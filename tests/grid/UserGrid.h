@@ -10,7 +10,6 @@
 #include "fieldmodel/DropDownValues_p.h"
 #include "runtime/Dialogs.h"
 
-#include <QApplication>
 #include <QDate>
 #include <QLabel>
 
@@ -27,8 +26,7 @@ public:
             ++dialogs;
             dialog.hide();
             // The desktop hands the activation back to the window the memo window came from.
-            window.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&window));
+            QVERIFY(this->show());
         })
     {
         grid->setDescriptionLabel(&description);
@@ -48,8 +46,7 @@ public:
             return;
         QTest::keyClick(popup, Qt::Key_Escape);
         QCoreApplication::processEvents();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(show());
     }
 
     // A field of the type with a typical value; its description names it.
@@ -89,15 +86,6 @@ public:
         const Field *focused = focusedField(), *lit = d()->highlighted();
         return (focused ? focused->Name() : "-") + ", " + (lit ? lit->Name() : "-") + ", "
             + description.text();
-    }
-
-    // The fields whose name cells show the highlight.
-    QVector<Field *> highlighted() const
-    {
-        QVector<Field *> rows;
-        if (Field *field = d()->highlighted())
-            rows << field;
-        return rows;
     }
 
     // A key pressed where the focus is; Up and Down arrive as posted keys.

@@ -4,8 +4,6 @@
 
 #include "grid/DefinitionText.h"
 #include "runtime/Values.h"
-#include <kwFieldDeck/DropDownValue.h>
-#include <kwFieldDeck/DropDownValues.h>
 
 #include <QDir>
 #include <QSqlDatabase>

@@ -1,8 +1,9 @@
 #pragma once
 
-// A host's window with one flat grid in it, shown and active, used through the public API alone.
-// Rows are reached where a user sees them: row k's top is k times (RowHeight - 15) twips, its
-// name cell starts at 0 and its editor at FieldNameWidth - 25.
+// A host's window with one grid in it, shown and active, used through the public API alone; the
+// suites that see the internals extend it. Rows are reached where a user sees them: row k's top
+// is k times (RowHeight - 15) twips, its name cell starts at 0 and its editor at
+// FieldNameWidth - 25.
 
 #include <kwFieldDeck/kwFieldDeck>
 
@@ -15,6 +16,8 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <functional>
+
 namespace kwFieldDeck::test {
 
 inline int pixels(double twips)
@@ -22,30 +25,49 @@ inline int pixels(double twips)
     return int(twips * QGuiApplication::primaryScreen()->logicalDotsPerInchY() / 1440.0);
 }
 
-struct ShownGrid
+class ShownGrid
 {
-    // Five rows high.
+public:
+    // Five flat rows high. A window that does not become active fails the test.
     ShownGrid()
+        : ShownGrid(QSize(420, pixels(5 * 300.0) + 6), 0)
     {
-        window.resize(420, pixels(5 * 300.0) + 6);
-        grid = new kwPropertyControl(&window);
         grid->setAppearance(kwPropertyControl::Flat);
-        grid->setGeometry(0, 0, 420, window.height());
+        QVERIFY(show());
+    }
+
+    // The grid lays itself out when it is first resized, which happens when it is shown. Shown
+    // again, the window takes back the activation, as the desktop gives it back after a dialog.
+    bool show()
+    {
         window.show();
-        QApplication::setActiveWindow(&window);
-        active = QTest::qWaitForWindowActive(&window);
+        window.activateWindow();
+        return QTest::qWaitForWindowActive(&window);
     }
 
-    Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {})
+    Field *add(const QString &name, lFieldTypes type = ftText, const QString &value = {},
+        const QString &description = {})
     {
-        return grid->Fields()->Add(name, type, 0, value);
+        return grid->Fields()->Add(name, type, 0, value, description);
     }
 
-    // Text rows Row<n> holding v<n>, n counting on from the rows there are.
-    void addRows(int count)
+    // Rows Row<n>, n counting on from the rows there are; a text row holds v<n>.
+    void addRows(int count, lFieldTypes type = ftText)
     {
-        for (int n = grid->Fields()->Count(), end = n + count; n < end; ++n)
-            add(QStringLiteral("Row%1").arg(n), ftText, QStringLiteral("v%1").arg(n));
+        for (int n = grid->Fields()->Count() + 1, end = n + count; n < end; ++n)
+            add(QStringLiteral("Row%1").arg(n), type,
+                type == ftText ? QStringLiteral("v%1").arg(n) : QString());
+    }
+
+    Field *field(const QString &name) const { return grid->Fields()->Item(name); }
+
+    // What `of` gives of each field in order: its name unless told otherwise.
+    QStringList each(const std::function<QString(Field *)> &of = &Field::Name) const
+    {
+        QStringList all;
+        for (Field *field : *grid->Fields())
+            all << of(field);
+        return all;
     }
 
     // The middle of a row's editor, or of its name cell.
@@ -57,8 +79,8 @@ struct ShownGrid
     }
     QPoint namePoint(int index) const { return editorPoint(index, true); }
 
-    // Moves the mouse there and clicks whatever widget the user would hit.
-    void click(const QPoint &inGrid)
+    // Moves the mouse there and clicks whatever widget the user would hit; gives the focus widget.
+    QWidget *click(const QPoint &inGrid)
     {
         QTest::mouseMove(grid, inGrid);
         QWidget *target = grid->childAt(inGrid);
@@ -66,6 +88,7 @@ struct ShownGrid
             target = grid;
         QTest::mouseClick(target, Qt::LeftButton, {}, target->mapFrom(grid, inGrid));
         QApplication::processEvents();
+        return QApplication::focusWidget();
     }
 
     // The text of the focused line edit or row editor; "(none)" when no row has the focus.
@@ -97,7 +120,48 @@ struct ShownGrid
 
     QWidget window;
     kwPropertyControl *grid = nullptr;
-    bool active = false;
+
+protected:
+    // A grid of the size in pixels, in a window `margin` pixels larger, not shown yet.
+    ShownGrid(QSize size, int margin)
+    {
+        window.resize(size + QSize(margin, margin));
+        grid = new kwPropertyControl(&window);
+        grid->setObjectName(QStringLiteral("kwPropertyControl1"));
+        grid->setGeometry(QRect(QPoint(), size));
+    }
 };
+
+// Columns named by their place: columns<T...>() declares them and returns the function that adds a
+// row; fetch<T...>() gives the current row's values in the same order.
+inline const char *const columnNames[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
+
+template <typename... T>
+auto columns()
+{
+    int i = 0;
+    (QTest::addColumn<T>(columnNames[i++]), ...);
+    return [](const QByteArray &tag, const T &...values) {
+        (QTest::newRow(tag.constData()) << ... << values);
+    };
+}
+
+template <typename... T, std::size_t... I>
+std::tuple<T...> fetch(std::index_sequence<I...>)
+{
+    return { *static_cast<T *>(QTest::qData(columnNames[I], qMetaTypeId<T>()))... };
+}
+
+template <typename... T>
+std::tuple<T...> fetch()
+{
+    return fetch<T...>(std::index_sequence_for<T...>());
+}
+
+// A definition text written on one line: "|" stands for the CR LF between its lines.
+inline QString defText(QString text)
+{
+    return text.replace(QLatin1Char('|'), QLatin1String("\r\n"));
+}
 
 } // namespace kwFieldDeck::test

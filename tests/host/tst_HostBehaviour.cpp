@@ -5,17 +5,15 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace kwFieldDeck;
-using test::ShownGrid;
+using namespace kwFieldDeck::test;
 
 namespace {
 QString withoutComments(const QString &path)
 {
-    QFile file(path);
-    QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    QString text = QString::fromUtf8(readFile(path));
     text.remove(QRegularExpression(
         QStringLiteral("/\\*.*?\\*/"), QRegularExpression::DotMatchesEverythingOption));
     return text.remove(QRegularExpression(QStringLiteral("//[^\\n]*")));
@@ -46,7 +44,7 @@ class tst_HostBehaviour : public QObject
     Q_OBJECT
     std::unique_ptr<ShownGrid> host;
 private slots:
-    void init() { QVERIFY((host = std::make_unique<ShownGrid>())->active); }
+    void init() { host = std::make_unique<ShownGrid>(); }
     void cleanup() { host.reset(); }
 
     // No public class hides a name its Qt base uses: a Qt developer's grid->setEnabled(false) or
@@ -86,16 +84,14 @@ private slots:
     void disabledGridOrRowTakesNoInput_data()
     {
         // How the input is refused, and whether the text and the check box still take it.
-        QTest::addColumn<std::tuple<QString, bool, bool>>("c");
-        QTest::newRow("setEnabled(false)") << std::tuple { QString("widget"), false, false };
-        QTest::newRow("stored flag false") << std::tuple { QString("stored"), true, true };
-        QTest::newRow("rows disabled") << std::tuple { QString("rows"), false, true };
+        auto row = columns<QString, bool, bool>();
+        row("setEnabled(false)", "widget", false, false);
+        row("stored flag false", "stored", true, true);
+        row("rows disabled", "rows", false, true);
     }
     void disabledGridOrRowTakesNoInput()
     {
-        using Case = std::tuple<QString, bool, bool>;
-        QFETCH(Case, c);
-        const auto &[how, textTakes, checkTakes] = c;
+        const auto [how, textTakes, checkTakes] = fetch<QString, bool, bool>();
         Field *text = host->add("Host", ftText, "abc");
         Field *check = host->add("On", ftCheckBox, "0");
         host->grid->Refresh(true);
@@ -126,9 +122,8 @@ private slots:
         using G = kwPropertyControl;
         watch(&G::Click, &G::DblClick, &G::KeyDown, &G::KeyPress, &G::KeyUp, &G::MouseDown,
             &G::MouseMove, &G::MouseUp);
-        host->click(host->editorPoint(0));
-        QTest::keyClick(
-            QApplication::focusWidget() ? QApplication::focusWidget() : host->grid, Qt::Key_End);
+        QWidget *focus = host->click(host->editorPoint(0));
+        QTest::keyClick(focus ? focus : host->grid, Qt::Key_End);
         QTest::keyClicks(QApplication::focusWidget(), "x");
         host->click(host->editorPoint(1));
         QCOMPARE(text->Value().toString(), textTakes ? "abcx" : "abc");
@@ -164,47 +159,37 @@ private slots:
         host->grid->Refresh(true);
         QCOMPARE(host->grid->Font(), host->grid->font());
         for (int row : { 0, 1 }) {
-            host->click(host->editorPoint(row));
-            QVERIFY(QApplication::focusWidget());
-            QCOMPARE(QApplication::focusWidget()->font().family(), font.family());
-            QCOMPARE(QApplication::focusWidget()->font().pointSize(), 15);
+            const QWidget *editor = host->click(host->editorPoint(row));
+            QVERIFY(editor);
+            QCOMPARE(editor->font().family(), font.family());
+            QCOMPARE(editor->font().pointSize(), 15);
         }
     }
 
     // A new text takes out the fields the last one added and leaves the host's fields alone.
     void definitionPropertyReplacesOnlyItsOwnFields_data()
     {
-        QTest::addColumn<QString>("second");
-        QTest::addColumn<QStringList>("fields");
-        const QString oneField = QStringLiteral("ADDFIELD B\nTYPE=TEXT\nVALUE=b\nENDFIELD");
-        QTest::newRow("CR LF lines")
-            << QString(oneField).replace("\n", "\r\n") << QStringList { "Code", "Later", "B" };
-        QTest::newRow("empty text") << QString() << QStringList { "Code", "Later" };
-        QTest::newRow("the same name again")
-            << QStringLiteral("ADDFIELD A1\nTYPE=NUMERIC\nVALUE=7\nENDFIELD")
-            << QStringList { "Code", "Later", "A1" };
+        auto row = columns<QString, QStringList>();
+        row("CR LF lines", defText("ADDFIELD B|TYPE=TEXT|VALUE=b|ENDFIELD"),
+            { "Code", "Later", "B" });
+        row("empty text", QString(), { "Code", "Later" });
+        row("the same name again", "ADDFIELD A1\nTYPE=NUMERIC\nVALUE=7\nENDFIELD",
+            { "Code", "Later", "A1" });
     }
     void definitionPropertyReplacesOnlyItsOwnFields()
     {
-        QFETCH(QString, second);
-        QFETCH(QStringList, fields);
-        const auto names = [this] {
-            QStringList all;
-            for (Field *field : *host->grid->Fields())
-                all << field->Name();
-            return all;
-        };
+        const auto [second, fields] = fetch<QString, QStringList>();
         host->add("Code", ftText, "code");
         const QString first = QStringLiteral("ADDFIELD A1\nTYPE=TEXT\nVALUE=a1\nENDFIELD\n"
                                              "ADDFIELD A2\nTYPE=CHECKBOX\nVALUE=1\nENDFIELD");
         QVERIFY(host->grid->setProperty("definition", first));
         host->add("Later", ftText, "later");
-        QCOMPARE(names(), QStringList({ "Code", "A1", "A2", "Later" }));
-        test::MessageRecorder messages;
+        QCOMPARE(host->each(), QStringList({ "Code", "A1", "A2", "Later" }));
+        MessageRecorder messages;
         host->grid->setDefinition(second);
         QVERIFY(messages.messages.isEmpty());
         QCOMPARE(host->grid->property("definition").toString(), second);
-        QCOMPARE(names(), fields);
+        QCOMPARE(host->each(), fields);
         // The rows are laid out again: the remaining rows close up, in order.
         for (int row = 0; row < fields.size(); ++row)
             if (Field *field = host->grid->Fields()->Item(row + 1); field->FieldType() == ftText)
@@ -216,8 +201,7 @@ private slots:
     {
         Field *field = host->add("Path", ftFileSelector, "/tmp");
         host->grid->Refresh(true);
-        host->click(host->editorPoint(0));
-        QVERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+        QVERIFY(qobject_cast<QLineEdit *>(host->click(host->editorPoint(0))));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
         QTest::keyClicks(QApplication::focusWidget(), "/typed");
         QCOMPARE(ShownGrid::focusedText(), QStringLiteral("/tmp/typed"));
@@ -239,7 +223,7 @@ private slots:
         host->grid->setFirstRow(4);
         QApplication::processEvents();
         QCOMPARE(host->scrollBar()->value(), 0);
-        QCOMPARE(host->textAt(0), QStringLiteral("v4"));
+        QCOMPARE(host->textAt(0), QStringLiteral("v5"));
         host->scrollBar()->setValue(3);
         QCOMPARE(host->grid->FirstRow(), qint16(3));
         host->grid->Fields()->Clear();
@@ -249,26 +233,24 @@ private slots:
         host->grid->Refresh(true);
         const int first = host->grid->FirstRow();
         QVERIFY(first > 0);
-        QCOMPARE(host->textAt(0), QStringLiteral("v%1").arg(first));
+        QCOMPARE(host->textAt(0), QStringLiteral("v%1").arg(first + 1));
     }
 
     // The first row and the scroll range are 16-bit numbers: past 32,767 the range overflows.
     void scrollRangeOverflowsPast32767Rows_data()
     {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<bool>("overflows");
-        QTest::newRow("32,000") << 32000 << false;
-        QTest::newRow("33,000") << 33000 << true;
+        auto row = columns<int, bool>();
+        row("32,000", 32000, false);
+        row("33,000", 33000, true);
     }
     void scrollRangeOverflowsPast32767Rows()
     {
-        QFETCH(int, rows);
-        QFETCH(bool, overflows);
+        const auto [rows, overflows] = fetch<int, bool>();
         QString definition;
         for (int i = 0; i < rows; ++i)
             definition += QStringLiteral("ADDFIELD R%1\r\nTYPE=TEXT\r\nENDFIELD\r\n").arg(i);
         host->grid->ReadDef(definition);
-        test::ErrorRecorder errors;
+        ErrorRecorder errors;
         host->grid->Refresh(true);
         QCOMPARE(errors.errors.size(), int(overflows));
         if (overflows)
@@ -294,24 +276,22 @@ private slots:
         else
             host->grid->Fields()->Item(2)->setVisible(false);
         host->grid->Refresh();
-        QCOMPARE(host->textAt(2), QStringLiteral("v2"));
+        QCOMPARE(host->textAt(2), QStringLiteral("v3"));
         QCOMPARE(host->textAt(1), QStringLiteral("(none)"));
         host->grid->Refresh(true);
-        QCOMPARE(host->textAt(1), QStringLiteral("v2"));
+        QCOMPARE(host->textAt(1), QStringLiteral("v3"));
     }
 
     // Setting Min of an enabled text field moves the focus into it; other types only store it.
     void textFieldMinTakesTheFocus_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("moves");
-        QTest::newRow("text") << int(ftText) << true;
-        QTest::newRow("numeric") << int(ftNumeric) << false;
+        auto row = columns<int, bool>();
+        row("text", ftText, true);
+        row("numeric", ftNumeric, false);
     }
     void textFieldMinTakesTheFocus()
     {
-        QFETCH(int, type);
-        QFETCH(bool, moves);
+        const auto [type, moves] = fetch<int, bool>();
         Field *first = host->add("First", lFieldTypes(type), "7");
         host->add("Second", ftText, "second");
         host->grid->Refresh(true);
@@ -326,8 +306,8 @@ private slots:
     {
         QVERIFY(host->add("Port", ftText, "80"));
         {
-            test::MessageRecorder messages;
-            test::ErrorRecorder errors;
+            MessageRecorder messages;
+            ErrorRecorder errors;
             QVERIFY(!host->add("port", ftText, "refused"));
             QVERIFY(errors.errors.isEmpty());
             QCOMPARE(messages.prompts(),
@@ -345,15 +325,13 @@ private slots:
     // While the range is still 0 to 10; a host that sets the limits first keeps its value.
     void sliderValueIsTakenBeforeItsRange_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("value");
-        QTest::newRow("definition") << "definition" << 10;
-        QTest::newRow("limits first") << "limits first" << 30;
+        auto row = columns<QString, int>();
+        row("definition", "definition", 10);
+        row("limits first", "limits first", 30);
     }
     void sliderValueIsTakenBeforeItsRange()
     {
-        QFETCH(QString, how);
-        QFETCH(int, value);
+        const auto [how, value] = fetch<QString, int>();
         Field *slider = nullptr;
         if (how == "definition") {
             slider = host->grid->AddFieldByDefString(QStringLiteral(
@@ -374,7 +352,7 @@ private slots:
     // A name column that leaves no room for the scroll bar is refused without a word.
     void tooWideANameColumnIsIgnored()
     {
-        test::ErrorRecorder errors;
+        ErrorRecorder errors;
         host->grid->setFieldNameWidth(1200);
         QCOMPARE(host->grid->FieldNameWidth(), 1200.0f);
         host->grid->setFieldNameWidth(20000);
