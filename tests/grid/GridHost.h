@@ -27,7 +27,6 @@ public:
     static QString typeName(int type) { return fieldTypeNames().split(',').value(type - 1); }
 
     kwPropertyControlPrivate *d() const { return kwPropertyControlPrivate::get(grid); }
-    QScrollBar *scrollBar() const { return d()->scrollBar(); }
     GridView *view() const { return d()->view(); }
 
     // What a row's editor holds and shows.
