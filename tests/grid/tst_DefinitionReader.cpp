@@ -121,11 +121,10 @@ private slots:
         const QString combo = "ADDFIELD Colour|TYPE=COMBO|VALUE=x|";
         const QString after = "|ENDFIELD|ADDFIELD After|TYPE=TEXT|ENDFIELD";
         const QStringList both = { "Colour:COMBO= []", "After:TEXT=" };
-        const QString noFile
-            = critical + "Field:Colour\r\nCan't find Combo Database File:\r\nFile=";
         row("a folder as database",
             combo + "DB=" + m_dir.path() + "|TABLE=colours|LISTFIELD=name" + after, both,
-            { noFile + m_dir.path().toUpper() });
+            { critical + "Field:Colour\r\nCan't find Combo Database File:\r\nFile="
+                + m_dir.path().toUpper() });
         row("no table", combo + "DB=" + m_database + "|LISTFIELD=name" + after, both,
             { critical + "Combo Table not defined for:Colour" });
         row("no list field", combo + "DB=" + m_database + "|TABLE=colours" + after, both,
