@@ -108,7 +108,6 @@ private slots:
         row("note line", "# my settings\n");
         row("unclosed section", "[section\n");
         row("NUL byte", QByteArray("\0\n", 2));
-        row("100 KB line", QByteArray(100 * 1024, 'x') + '\n');
     }
 
     void aDamagedStoreIsReadAndKeptWholeBesideTheNextSave()
