@@ -16,7 +16,6 @@ public:
 
     void setFlat(bool flat);
     void setUserMaxLength(int length) { m_userMaxLength = length; }
-    int userMaxLength() const { return m_userMaxLength; }
     void setNumeric(bool numeric) { m_numeric = numeric; }
     // Sets the text as the program does: the caret goes to the start, and no Change is raised.
     void showText(const QString &text);

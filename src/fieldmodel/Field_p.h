@@ -23,7 +23,6 @@ public:
     static FieldPrivate *get(Field *field) { return field->d_func(); }
     static const FieldPrivate *get(const Field *field) { return field->d_func(); }
 
-    Fields *ParentClass() const { return m_ParentClass; }
     void setParentClass(Fields *fields) { m_ParentClass = fields; }
 
     // The type whose editor the row has (the first one set; an editor made for an earlier type
@@ -31,7 +30,6 @@ public:
     const FieldKind *editorKind() const { return m_hasEditor ? m_editorKind : nullptr; }
     // The type whose editor the row shows, whether or not the field still holds it.
     const FieldKind *shownKind() const { return m_editorKind; }
-    bool hasNameCell() const { return m_hasNameCell; }
     void Kill();
 
     // The properties behind the public accessors.
