@@ -88,8 +88,7 @@ private slots:
             store("FontName", u"Serif Test Face"_s);
             store("FontSize", QString::number(size));
             frmMemo memo;
-            QCOMPARE(memo.txtMemo->font().family(), u"Serif Test Face"_s);
-            QCOMPARE(memo.txtMemo->font().pointSizeF(), applied ? size : before);
+            QCOMPARE(fontOf(memo), "Serif Test Face|" + QString::number(applied ? size : before));
         }
     }
 
