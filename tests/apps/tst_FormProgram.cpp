@@ -156,21 +156,16 @@ private slots:
     // (also after the file, with LF line ends); presets win over what was stored.
     void presetsAreStoredAndComeBackInTheNextRun()
     {
-        QTemporaryDir config;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_CONFIG_HOME", config.path());
         const QStringList store { "--store", "FormTest", "Dialogs", "Three" },
             shot { "--screenshot", m_folder.filePath("stored.png") };
         const QString preset = "Name=Grace=Hopper\nNotes=a%CRLF%b\nSize=7\n";
         const Run first = run(store + shot
-                + QStringList { "--set", "name=Grace=Hopper", "--set", "Notes=a%CRLF%b", "--set",
-                    "Size=7abc", "three.kwdef" },
-            {}, environment);
+            + QStringList { "--set", "name=Grace=Hopper", "--set", "Notes=a%CRLF%b", "--set",
+                "Size=7abc", "three.kwdef" });
         QCOMPARE(first.out, preset);
         QCOMPARE(first.exitCode, 0);
-        QCOMPARE(run(shot + QStringList { "three-lf.kwdef" } + store, {}, environment).out, preset);
-        const Run third = run(
-            store + shot + QStringList { "--set", "Size=99", "three.kwdef" }, {}, environment);
+        QCOMPARE(run(shot + QStringList { "three-lf.kwdef" } + store).out, preset);
+        const Run third = run(store + shot + QStringList { "--set", "Size=99", "three.kwdef" });
         QCOMPARE(third.out, QString(preset).replace("Size=7", "Size=99"));
     }
 
@@ -224,8 +219,9 @@ private slots:
 
 private:
     Run run(const QStringList &arguments, const QString &workingFolder = {},
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment())
     {
+        environment.insert("XDG_CONFIG_HOME", m_config.path());
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(workingFolder.isEmpty() ? m_folder.path() : workingFolder);
@@ -241,7 +237,7 @@ private:
         return kwFieldDeck::test::writeFile(m_folder.filePath(name), bytes);
     }
 
-    QTemporaryDir m_folder;
+    QTemporaryDir m_folder, m_config;
 };
 
 QTEST_GUILESS_MAIN(tst_FormProgram)

@@ -1,8 +1,7 @@
 #pragma once
 
-// What the targets that drive kwPropertyControl share: the application object (offscreen), the
-// message boxes and error reports answered by seams that only count them, and a grid inside a
-// host window. Each such target is one source file, so this header gives it its start-up.
+// The start-up of the targets that drive kwPropertyControl (each is one source file): an offscreen
+// application, message boxes and error reports only counted, and a grid inside a host window.
 
 #include "FuzzSupport.h"
 
@@ -16,8 +15,7 @@
 
 namespace kwFieldDeck::fuzz {
 
-// Message boxes and error reports so far.
-inline int reports = 0;
+inline int reports = 0; // message boxes and error reports so far
 
 struct FuzzGrid
 {
@@ -28,9 +26,8 @@ struct FuzzGrid
         grid->show();
     }
 
-    // Each labelled row starts on the previous labelled row's bottom border, whatever the
-    // definition did to the row height between them. A field whose label could not be created
-    // (an error that was reported) has no row.
+    // Each row starts on the previous row's bottom border, whatever the definition did to the row
+    // height in between. A field whose label could not be made (a reported error) has no row.
     void checkRowsStack() const
     {
         const auto *d = kwPropertyControlPrivate::get(grid);

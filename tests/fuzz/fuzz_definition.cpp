@@ -1,8 +1,7 @@
-// Fuzzes the definition reader by its three ways in, chosen by the first byte: LoadDefFile reads
-// the rest as a file (bit 1: header test, cut after the first line, text decoding),
-// AddFieldByDefString tidies it first (bit 0), else ReadDef. Besides crashes, hangs and sanitizer
-// reports it checks that rows stack without gaps, that a file without the header adds nothing and
-// that a field AddFieldByDefString returns is the last one added.
+// Fuzzes the definition reader by its three ways in, chosen by the first byte: bit 1 LoadDefFile
+// (header test, cut after the first line, text decoding), else bit 0 AddFieldByDefString (which
+// tidies first), else ReadDef. It checks that rows stack without gaps, that a file without the
+// header adds nothing and that a field AddFieldByDefString returns is the last one added.
 
 #include "FuzzGrid.h"
 

@@ -1,6 +1,5 @@
-// Fuzzes restoring field values from the settings store: the input is the stored text that
-// GetValuesFromRegistry reads into a grid with a field of every type. Besides crashes and
-// sanitizer reports it checks that what the grid saves afterwards restores to itself.
+// Fuzzes restoring field values: the input is the stored text that GetValuesFromRegistry reads
+// into a grid with a field of every type; what the grid saves then must restore to itself.
 
 #include "FuzzGrid.h"
 

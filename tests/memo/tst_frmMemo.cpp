@@ -12,10 +12,9 @@ using namespace kwFieldDeck;
 using namespace Qt::StringLiterals;
 
 namespace {
-QString fontOf(const frmMemo &memo)
-{
+const auto fontOf = [](const frmMemo &memo) {
     return memo.txtMemo->font().family() + '|' + QString::number(memo.txtMemo->font().pointSizeF());
-}
+};
 
 const auto store = [](const char *key, const QString &value) {
     SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
@@ -36,7 +35,6 @@ struct FontPick
     QString expected;
 };
 
-// The window as a user meets it: shown and active, holding the text given.
 bool showActive(frmMemo &memo, const QString &text = {})
 {
     memo.setValue(text);
@@ -62,9 +60,8 @@ private slots:
         row("blank", { "a\r\n\r\nb", "Ctrl+Home, Down", 2, 1, "3 Lines", "a\r\n\r\nb" });
         // The position is the selection's start, not where the caret ended up.
         row("selection", { "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", 1, 1, "2 Lines", "ab\r\ncd" });
-        row("LF edited", { "ab\ncd", "Ctrl+End, !", 2, 4, "2 Lines", "ab\r\ncd!" });
         row("mixed edited",
-            { "ab\r\ncd\r\rf", "Ctrl+End, !", 4, 3, "4 Lines", "ab\r\ncd\r\n\r\nf!" });
+            { "ab\ncd\r\n\rf", "Ctrl+End, !", 4, 3, "4 Lines", "ab\r\ncd\r\n\r\nf!" });
         row("Tab", { "ab", "Ctrl+End, Tab", 1, 4, "1 Line", "ab\t" });
         row("Shift+Tab after Tab", { "ab", "Ctrl+End, Tab, Shift+Backtab", 1, 3, "1 Line", "ab" });
     }
@@ -91,8 +88,7 @@ private slots:
             store("FontName", u"Serif Test Face"_s);
             store("FontSize", QString::number(size));
             frmMemo memo;
-            QCOMPARE(memo.txtMemo->font().family(), u"Serif Test Face"_s);
-            QCOMPARE(memo.txtMemo->font().pointSizeF(), applied ? size : before);
+            QCOMPARE(fontOf(memo), "Serif Test Face|" + QString::number(applied ? size : before));
         }
     }
 
@@ -106,7 +102,6 @@ private slots:
         memo.setFocus();
         QTRY_VERIFY(memo.hasFocus());
         QTest::keyClick(&memo, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(memo.txtMemo->textCursor().selectedText().size(), 3);
         QTRY_VERIFY(memo.mnuCopy->isEnabled() && memo.mnuCut->isEnabled());
         memo.mnuCut->trigger();
         QCOMPARE(QGuiApplication::clipboard()->text(), u"a\nb"_s);
@@ -121,7 +116,6 @@ private slots:
     {
         QTemporaryDir dir;
         const QString file = test::writeFile(dir.filePath(u"dropped.txt"_s), "line one\nline two");
-        QVERIFY(!file.isEmpty());
         const std::pair<int, const char *> drops[]
             = { { 1, "line one\r\nline two" }, { 2, "kept" } };
         for (const auto &[count, expected] : drops) {
@@ -184,7 +178,6 @@ private slots:
                 dialog.close();
             else
                 QTest::mouseClick(dialog.findChild<QPushButton *>(row.button), Qt::LeftButton);
-            QVERIFY(!dialog.isVisible());
         });
         frmMemo memo;
         QVERIFY(showActive(memo, u"kept"_s));
