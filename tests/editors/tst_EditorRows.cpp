@@ -70,8 +70,7 @@ private slots:
     {
         // The writes, the keys typed, the range kept, the value and the Changed count.
         auto row = columns<QStringList, QString, QList<int>, int, int>();
-        row("Min equal to Max raises Max", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10,
-            2);
+        row("Min equal to Max raises it", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10, 2);
         row("Max below Min is taken as given", { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2);
         row("a new Max brings the value down", { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2);
         row("a new Min brings the value up", { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2);
@@ -199,8 +198,7 @@ private slots:
         const int file = ftFileSelector, folder = ftFolderSelector;
         row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
         row("no file, chosen", file, "", m_file, "/srv", "");
-        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
-            "report.txt");
+        row("long missing file, cancelled", file, m_deep + "/report.txt", "", "/srv", "report.txt");
         row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path(), "");
         row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv", "");
         row("long folder shown shortened", folder, m_deep, "", "/srv", "");

@@ -21,10 +21,9 @@ void pasteFromTheMenu(QLineEdit *edit)
     QCoreApplication::sendEvent(edit, &menuEvent);
     QTRY_VERIFY(QApplication::activePopupWidget());
     QWidget *menu = QApplication::activePopupWidget();
-    for (QAction *action : menu->actions()) {
+    for (QAction *action : menu->actions())
         if (action->text().startsWith(QLatin1String("&Paste")))
             action->trigger();
-    }
     menu->close();
 }
 } // namespace
