@@ -227,8 +227,7 @@ private slots:
         DropDownValue *three = values->Add("3", "Three");
         QCOMPARE(fields->Item("PORT"), port);
         QCOMPARE(fields->Item(qint16(2)), name);
-        QCOMPARE(
-            QList<Field *>(fields->begin(), fields->end()), (QList<Field *> { port, name, mode }));
+        QCOMPARE(host->each(), QStringList({ "Port", "name", "Mode" }));
         QCOMPARE(values->Item("FAST"), fast);
         QCOMPARE(values->Item("3"), three);
         QCOMPARE(values->Item(1), one);

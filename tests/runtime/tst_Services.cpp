@@ -189,7 +189,8 @@ private slots:
         // A colour is RGB with red in the low byte, or a palette role.
         row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
         row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
-        row("window colour", ColourOf, SystemColor::WindowBackground, roleColour(QPalette::Base));
+        row("window background", ColourOf, SystemColor::WindowBackground,
+            roleColour(QPalette::Base));
         row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
         // Paths below the test's folder, resolved without regard to letter case.
         auto resolved = [&](const char *name, const char *written, const char *expected) {
@@ -198,7 +199,8 @@ private slots:
         const char *db = "/Data/Combo Lists/Colours.DB";
         resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
         resolved("folder, trailing separator", "\\DATA\\", "/Data/");
-        resolved("missing folder", "\\data\\NoSuch\\README.TXT", "/Data/NoSuch/README.TXT");
+        resolved("missing folder keeps the rest as written", "\\data\\NoSuch\\README.TXT",
+            "/Data/NoSuch/README.TXT");
         // Of names that differ only in case, the one written exactly is taken first.
         resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
         resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
@@ -219,17 +221,16 @@ private slots:
         row("invalid UTF-8 anywhere makes all Windows-1252", Decoded,
             QByteArray("\xC3\xA9 and \xE9"), QStringLiteral("\u00C3\u00A9 and \u00E9"));
         row("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
-        auto step = [](const char *name, int operation, qint32 start, qint32 by, qint32 after,
-                        int error = 0) {
-            QTest::newRow(name) << Operation { operation, start, by, QVariantList { after, after },
+        auto step = [](const char *name, qint32 start, qint32 by, qint32 after, int error = 0) {
+            QTest::newRow(name) << Operation { StepUp, start, by, QVariantList { after, after },
                 error };
         };
         const qint32 top = std::numeric_limits<qint32>::max();
         const qint32 bottom = std::numeric_limits<qint32>::min();
-        step("increment by a negative step", StepUp, 10, -3, 7);
-        step("increment up to the top", StepUp, top - 1, 1, top);
-        step("increment past the top", StepUp, top, 1, top, overflow);
-        step("increment below the bottom", StepUp, bottom, -1, bottom, overflow);
+        step("increment by a negative step", 10, -3, 7);
+        step("increment up to the top", top - 1, 1, top);
+        step("increment past the top", top, 1, top, overflow);
+        step("increment below the bottom", bottom, -1, bottom, overflow);
     }
 
     void operationGivesTheValueOrRaises()
@@ -248,8 +249,7 @@ private slots:
         ErrorRecorder recorder;
         const char *source = "Function 'Item' of Class Module 'Fields'";
         QObject object, *missing = nullptr;
-        QCOMPARE(trap(source, [&] { return failing<QObject *>(ErrSubscriptOutOfRange, &object); }),
-            nullptr);
+        QCOMPARE(trap(source, [&] { return failing(ErrSubscriptOutOfRange, &object); }), nullptr);
         QCOMPARE(trap(source, [] { return failing(ErrTypeMismatch, QStringLiteral("x")); }), "");
         QCOMPARE(trap(source, [] { return failing(ErrOverflow, 7); }), 0);
         QVERIFY(!trap(source, [] { return failing(ErrDuplicateKey, QVariant(7)); }).isValid());
@@ -354,10 +354,7 @@ private slots:
             if (!unwritable(folder))
                 QSKIP("This process can write to any folder and cannot mount one read-only");
             for (const char *key : { "K", "Added" })
-                QCOMPARE(raisedError([&] {
-                    SettingsStore::SaveSetting(app, s, QLatin1String(key), QStringLiteral("new"));
-                }),
-                    75);
+                QCOMPARE(raisedError([&] { SettingsStore::SaveSetting(app, s, key, "new"); }), 75);
             QCOMPARE(readFile(path), before);
         }
         // The failed values do not come back once the store can be written again.
@@ -388,8 +385,7 @@ private slots:
         QVERIFY(path == m_db || file.isNull() || !writeFile(path, file).isEmpty());
         std::unique_ptr<Recordset> records;
         QCOMPARE(
-            raisedError([&, table = table] { records = OpenDatabase(path)->OpenRecordset(table); }),
-            error);
+            raisedError([&, t = table] { records = OpenDatabase(path)->OpenRecordset(t); }), error);
         if (records)
             QCOMPARE(valuesOf(*records, "NAME").join(QLatin1Char(',')), names);
         QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
