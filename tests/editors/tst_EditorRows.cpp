@@ -35,7 +35,6 @@ private slots:
     {
         // On the box or beside it, the box's state before and after.
         auto row = columns<bool, int, int>();
-        row("box, unchecked", true, 0, 1);
         row("box, checked", true, 1, 0);
         row("box, grayed", true, 2, 1);
         row("beside the box, checked", false, 1, 0);

@@ -112,10 +112,9 @@ public:
     QString readOut(int field) const
     {
         QAccessibleInterface *face = QAccessible::queryAccessibleInterface(grid);
-        for (int i = 0; face && i < face->childCount(); ++i) {
+        for (int i = 0; face && i < face->childCount(); ++i)
             if (QAccessibleTableInterface *table = face->child(i)->tableInterface())
                 return table->cellAt(field, 1)->text(QAccessible::Value);
-        }
         return QStringLiteral("(no table)");
     }
 

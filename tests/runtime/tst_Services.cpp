@@ -425,21 +425,19 @@ private slots:
         const int full = metrics.horizontalAdvance(path);
         const int width = qMax(0, narrower < 0 ? full / -narrower : full - narrower);
         const QString fitted = FitPath(font, width, path);
+        const QByteArray shown = fitted.toUtf8();
         if (width >= full)
             QCOMPARE(fitted, path);
-        QVERIFY2(fitted.endsWith(fileName), qPrintable(fitted));
+        QVERIFY2(fitted.endsWith(fileName), shown);
         if (fitted == path)
             return;
         // "..." and as many folders as fit before the file name, which is kept even if too wide.
-        QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)),
-            qPrintable(fitted));
+        QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)), shown);
         QCOMPARE(fitted.at(3), fileName.at(0));
-        QVERIFY2(metrics.horizontalAdvance(fitted) <= width || fitted.mid(3) == fileName,
-            qPrintable(fitted));
+        QVERIFY2(metrics.horizontalAdvance(fitted) <= width || fitted.mid(3) == fileName, shown);
         const qsizetype longer = path.lastIndexOf(fileName.at(0), path.size() - fitted.size() + 2);
         if (longer > 3) // the next folder would still leave a shorter text than the path
-            QVERIFY2(metrics.horizontalAdvance(QStringLiteral("...") + path.mid(longer)) > width,
-                qPrintable(fitted));
+            QVERIFY2(metrics.horizontalAdvance("..." + path.mid(longer)) > width, shown);
     }
 
 private:
