@@ -159,7 +159,6 @@ private slots:
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
         user->press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
-        QCOMPARE(GridHost::state(colour).listIndex, 1);
     }
 
     // Keys a box has no use for move to the next row; Down passes over a slider's own slider.

@@ -47,8 +47,7 @@ QColor roleColour(int role)
 }
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
-enum OnText { Resolved = RgbOf + 1, NameFilters, StartFolder };
-enum Others { Decoded = StartFolder + 1, WholeFile, StepUp };
+enum Others { Resolved = RgbOf + 1, NameFilters, StartFolder, Decoded, WholeFile, StepUp };
 
 QVariant apply(int operation, const QVariant &v, int n)
 {
@@ -79,11 +78,6 @@ QVariant apply(int operation, const QVariant &v, int n)
         return QVariantList { counter, returned };
     }
     return operations[operation]();
-}
-
-QVariant text(const char *utf8)
-{
-    return textValue(QString::fromUtf8(utf8));
 }
 
 // A body that fails before it can return its value.
@@ -165,27 +159,26 @@ private slots:
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
-        row("Val abc", Val, text("abc"), 0.0);
-        row("Val blank, sign, dangling exponent", Val, text(" -2.5e"), -2.5);
+        row("Val abc", Val, "abc", 0.0);
+        row("Val blank, sign, dangling exponent", Val, " -2.5e", -2.5);
         row("16-bit 2.5 to even", Int16, 2.5, 2);
         row("16-bit 32767.5 rounds past", Int16, 32767.5, {}, overflow);
         row("16-bit empty is 0", Int16, QVariant(), 0);
         row("32-bit 40000", Int32, 40000, 40000);
         row("32-bit 3e9", Int32, 3e9, {}, overflow);
         row("double of a date", Dbl, march1, 45352.0);
-        row("double of 12abc", Dbl, text("12abc"), {}, mismatch);
-        row("truth of ' True '", Bool, text(" True "), true);
-        row("truth of ''", Bool, text(""), {}, mismatch);
-        row("date test 1.3.2024", IsDate, text("1.3.2024"), true);
-        row("date test 2024-02-30", IsDate, text("2024-02-30"), false);
-        row("date 3/1/2024", Date, text("3/1/2024"), march1);
-        row("date with a time", Date, text("2024-03-01 14:30"), march1);
+        row("double of 12abc", Dbl, "12abc", {}, mismatch);
+        row("truth of ' True '", Bool, " True ", true);
+        row("truth of ''", Bool, "", {}, mismatch);
+        row("date test 1.3.2024", IsDate, "1.3.2024", true);
+        row("date test 2024-02-30", IsDate, "2024-02-30", false);
+        row("date 3/1/2024", Date, "3/1/2024", march1);
+        row("date with a time", Date, "2024-03-01 14:30", march1);
         row("date of a serial", Date, 45352.75, march1);
-        row("date of tomorrow", Date, text("tomorrow"), {}, mismatch);
-        row("text of a single", Text, singleValue(3.7f), text("3.7"));
-        row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
-        row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
-            text("2024-03-01 14:05:09"));
+        row("date of tomorrow", Date, "tomorrow", {}, mismatch);
+        row("text of a single", Text, singleValue(3.7f), "3.7");
+        row("text of 0.1 + 0.2", Text, 0.1 + 0.2, "0.3");
+        row("text of a timestamp", Text, QDateTime(march1, QTime(14, 5, 9)), "2024-03-01 14:05:09");
         // A colour is RGB with red in the low byte, or a palette role.
         row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
         row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
@@ -221,9 +214,8 @@ private slots:
         row("invalid UTF-8 anywhere makes all Windows-1252", Decoded,
             QByteArray("\xC3\xA9 and \xE9"), QStringLiteral("\u00C3\u00A9 and \u00E9"));
         row("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
-        auto step = [](const char *name, qint32 start, qint32 by, qint32 after, int error = 0) {
-            QTest::newRow(name) << Operation { StepUp, start, by, QVariantList { after, after },
-                error };
+        auto step = [](const char *name, qint32 from, qint32 by, qint32 to, int error = 0) {
+            QTest::newRow(name) << Operation { StepUp, from, by, QVariantList { to, to }, error };
         };
         const qint32 top = std::numeric_limits<qint32>::max();
         const qint32 bottom = std::numeric_limits<qint32>::min();
@@ -302,17 +294,11 @@ private slots:
         QList<QStringList> at(spellings.size(), { "App", "Section", "Key" });
         for (int i = 0; i < spellings.size(); ++i)
             at[i][level] = spellings[i];
-        const auto save = [&](int i, const QString &v) {
-            SettingsStore::SaveSetting(at[i][0], at[i][1], at[i][2], v);
-        };
-        const auto get = [&](int i) {
-            return SettingsStore::GetSetting(at[i][0], at[i][1], at[i][2], "dflt");
-        };
-        save(0, QStringLiteral("first"));
-        QCOMPARE(get(1), QStringLiteral("first"));
-        save(1, QStringLiteral("second"));
-        QCOMPARE(get(2), QStringLiteral("second"));
-        QCOMPARE(get(0), QStringLiteral("second"));
+        SettingsStore::SaveSetting(at[0][0], at[0][1], at[0][2], "first");
+        QCOMPARE(SettingsStore::GetSetting(at[1][0], at[1][1], at[1][2], "dflt"), "first");
+        SettingsStore::SaveSetting(at[1][0], at[1][1], at[1][2], "second");
+        for (const QStringList &names : { at[2], at[0] })
+            QCOMPARE(SettingsStore::GetSetting(names[0], names[1], names[2], "dflt"), "second");
         // One file, one entry: the spelling first written is kept.
         const QString path = SettingsStore::filePath(at[0][0]);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
