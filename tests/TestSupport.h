@@ -25,6 +25,16 @@ inline QString writeFile(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
 }
 
+// One text of each recorded item, in order.
+template <typename T>
+QStringList eachOf(const QVector<T> &items, QString T::*text)
+{
+    QStringList all;
+    for (const T &item : items)
+        all << item.*text;
+    return all;
+}
+
 struct ShownMessage
 {
     QString prompt;
@@ -46,13 +56,7 @@ public:
     ~MessageRecorder() { setMessageBoxHandler(std::move(m_previous)); }
     Q_DISABLE_COPY(MessageRecorder)
 
-    QStringList prompts() const
-    {
-        QStringList all;
-        for (const ShownMessage &m : messages)
-            all << m.prompt;
-        return all;
-    }
+    QStringList prompts() const { return eachOf(messages, &ShownMessage::prompt); }
 
     QVector<ShownMessage> messages;
 
@@ -80,13 +84,7 @@ public:
     ~ErrorRecorder() { setErrorReportHandler(std::move(m_previous)); }
     Q_DISABLE_COPY(ErrorRecorder)
 
-    QStringList sources() const
-    {
-        QStringList all;
-        for (const ReportedError &e : errors)
-            all << e.source;
-        return all;
-    }
+    QStringList sources() const { return eachOf(errors, &ReportedError::source); }
 
     QVector<ReportedError> errors;
 

@@ -35,7 +35,6 @@ private slots:
     {
         // On the box or beside it, the box's state before and after.
         auto row = columns<bool, int, int>();
-        row("box, unchecked", true, 0, 1);
         row("box, checked", true, 1, 0);
         row("box, grayed", true, 2, 1);
         row("beside the box, checked", false, 1, 0);
@@ -70,8 +69,7 @@ private slots:
     {
         // The writes, the keys typed, the range kept, the value and the Changed count.
         auto row = columns<QStringList, QString, QList<int>, int, int>();
-        row("Min equal to Max raises Max", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10,
-            2);
+        row("Min equal to Max raises it", { "Value=3", "Max=10", "Min=10" }, "", { 10, 11 }, 10, 2);
         row("Max below Min is taken as given", { "Value=6", "Min=5", "Max=2" }, "", { 5, 2 }, 5, 2);
         row("a new Max brings the value down", { "Value=8", "Max=5" }, "", { 0, 5 }, 5, 2);
         row("a new Min brings the value up", { "Value=2", "Min=4" }, "", { 4, 10 }, 4, 2);
@@ -161,7 +159,6 @@ private slots:
         QTRY_COMPARE(focusedPart(), QStringLiteral("cbo"));
         user->press(Qt::Key_Down);
         QCOMPARE(events, QStringList({ "Colour 3 in Before", "Colour 7 in Colour" }));
-        QCOMPARE(GridHost::state(colour).listIndex, 1);
     }
 
     // Keys a box has no use for move to the next row; Down passes over a slider's own slider.
@@ -199,8 +196,7 @@ private slots:
         const int file = ftFileSelector, folder = ftFolderSelector;
         row("existing file, cancelled", file, m_file, "", m_dir.path(), "notes.txt");
         row("no file, chosen", file, "", m_file, "/srv", "");
-        row("long missing file path, cancelled", file, m_deep + "/report.txt", "", "/srv",
-            "report.txt");
+        row("long missing file, cancelled", file, m_deep + "/report.txt", "", "/srv", "report.txt");
         row("existing folder, chosen", folder, m_dir.path(), m_deep, m_dir.path(), "");
         row("missing folder, cancelled", folder, "/no/such/folder", "", "/srv", "");
         row("long folder shown shortened", folder, m_deep, "", "/srv", "");

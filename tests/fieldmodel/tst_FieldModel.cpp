@@ -21,10 +21,9 @@ void pasteFromTheMenu(QLineEdit *edit)
     QCoreApplication::sendEvent(edit, &menuEvent);
     QTRY_VERIFY(QApplication::activePopupWidget());
     QWidget *menu = QApplication::activePopupWidget();
-    for (QAction *action : menu->actions()) {
+    for (QAction *action : menu->actions())
         if (action->text().startsWith(QLatin1String("&Paste")))
             action->trigger();
-    }
     menu->close();
 }
 } // namespace
@@ -228,8 +227,7 @@ private slots:
         DropDownValue *three = values->Add("3", "Three");
         QCOMPARE(fields->Item("PORT"), port);
         QCOMPARE(fields->Item(qint16(2)), name);
-        QCOMPARE(
-            QList<Field *>(fields->begin(), fields->end()), (QList<Field *> { port, name, mode }));
+        QCOMPARE(host->each(), QStringList({ "Port", "name", "Mode" }));
         QCOMPARE(values->Item("FAST"), fast);
         QCOMPARE(values->Item("3"), three);
         QCOMPARE(values->Item(1), one);

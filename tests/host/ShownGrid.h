@@ -8,6 +8,7 @@
 #include <kwFieldDeck/kwFieldDeck>
 
 #include "TestSupport.h"
+#include "host/Columns.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -111,10 +112,9 @@ public:
     QString readOut(int field) const
     {
         QAccessibleInterface *face = QAccessible::queryAccessibleInterface(grid);
-        for (int i = 0; face && i < face->childCount(); ++i) {
+        for (int i = 0; face && i < face->childCount(); ++i)
             if (QAccessibleTableInterface *table = face->child(i)->tableInterface())
                 return table->cellAt(field, 1)->text(QAccessible::Value);
-        }
         return QStringLiteral("(no table)");
     }
 
@@ -131,32 +131,6 @@ protected:
         grid->setGeometry(QRect(QPoint(), size));
     }
 };
-
-// Columns named by their place: columns<T...>() declares them and returns the function that adds a
-// row; fetch<T...>() gives the current row's values in the same order.
-inline const char *const columnNames[] = { "0", "1", "2", "3", "4", "5", "6", "7" };
-
-template <typename... T>
-auto columns()
-{
-    int i = 0;
-    (QTest::addColumn<T>(columnNames[i++]), ...);
-    return [](const QByteArray &tag, const T &...values) {
-        (QTest::newRow(tag.constData()) << ... << values);
-    };
-}
-
-template <typename... T, std::size_t... I>
-std::tuple<T...> fetch(std::index_sequence<I...>)
-{
-    return { *static_cast<T *>(QTest::qData(columnNames[I], qMetaTypeId<T>()))... };
-}
-
-template <typename... T>
-std::tuple<T...> fetch()
-{
-    return fetch<T...>(std::index_sequence_for<T...>());
-}
 
 // A definition text written on one line: "|" stands for the CR LF between its lines.
 inline QString defText(QString text)

@@ -170,8 +170,7 @@ private slots:
     void definitionPropertyReplacesOnlyItsOwnFields_data()
     {
         auto row = columns<QString, QStringList>();
-        row("CR LF lines", defText("ADDFIELD B|TYPE=TEXT|VALUE=b|ENDFIELD"),
-            { "Code", "Later", "B" });
+        row("CR LF", defText("ADDFIELD B|TYPE=TEXT|VALUE=b|ENDFIELD"), { "Code", "Later", "B" });
         row("empty text", QString(), { "Code", "Later" });
         row("the same name again", "ADDFIELD A1\nTYPE=NUMERIC\nVALUE=7\nENDFIELD",
             { "Code", "Later", "A1" });
@@ -310,8 +309,7 @@ private slots:
             ErrorRecorder errors;
             QVERIFY(!host->add("port", ftText, "refused"));
             QVERIFY(errors.errors.isEmpty());
-            QCOMPARE(messages.prompts(),
-                QStringList { QStringLiteral("Field: port already exists in Fields Collection!") });
+            QCOMPARE(messages.prompts(), { "Field: port already exists in Fields Collection!" });
             QCOMPARE(messages.messages.first().style, MsgBoxStyle::OKOnly);
             QCOMPARE(messages.messages.first().title, QString());
         }

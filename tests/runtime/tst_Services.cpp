@@ -12,6 +12,7 @@
 #include "runtime/Values.h"
 
 #include "TestSupport.h"
+#include "host/Columns.h"
 
 #include <QFontMetrics>
 #include <QSqlDatabase>
@@ -25,7 +26,7 @@
 #include <sys/mount.h>
 
 using namespace kwFieldDeck;
-using test::readFile;
+using namespace kwFieldDeck::test;
 
 namespace {
 // The number of the error a call raises, 0 when it returns normally.
@@ -46,10 +47,9 @@ QColor roleColour(int role)
 }
 
 enum Conversion { Val, Int16, Int32, Dbl, Bool, IsDate, Date, Text, ColourOf, RgbOf };
-enum OnText { Resolved = RgbOf + 1, NameFilters, StartFolder };
-enum Others { Decoded = StartFolder + 1, WholeFile, StepUp };
+enum Others { Resolved = RgbOf + 1, NameFilters, StartFolder, Decoded, WholeFile, StepUp };
 
-QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
+QVariant apply(int operation, const QVariant &v, int n)
 {
     const QString s = v.toString();
     QPalette palette;
@@ -64,8 +64,9 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
         [&] { return Dialogs::startFolder(s); },
         [&] {
             // Written here, read as written on another system: backslashes, other letter case.
-            test::writeFile(argument + QStringLiteral("/Decode.TXT"), v.toByteArray());
-            return ReadWholeFile(argument + QStringLiteral("\\decode.txt"));
+            const QTemporaryDir dir;
+            writeFile(dir.filePath(QStringLiteral("Decode.TXT")), v.toByteArray());
+            return ReadWholeFile(dir.path() + QStringLiteral("\\decode.txt"));
         },
         [&] { return ReadWholeFile(s); } };
     if (operation == StepUp) {
@@ -77,11 +78,6 @@ QVariant apply(int operation, const QVariant &v, const QString &argument, int n)
         return QVariantList { counter, returned };
     }
     return operations[operation]();
-}
-
-QVariant text(const char *utf8)
-{
-    return textValue(QString::fromUtf8(utf8));
 }
 
 // A body that fails before it can return its value.
@@ -116,53 +112,15 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-// Operation, value, folder, step, result (unless an error is expected), error.
-using Operation = std::tuple<int, QVariant, QString, int, QVariant, int>;
+// Operation, value, step, result (unless an error is expected), error.
+using Operation = std::tuple<int, QVariant, int, QVariant, int>;
 
-void textRow(const char *name, int operation, const QString &text, const QString &expected)
+// False while this process can still write in the folder.
+bool unwritable(const QString &folder)
 {
-    QTest::newRow(name) << Operation { operation, text, {}, 0, expected, 0 };
+    QTemporaryFile probe(folder + QStringLiteral("/probe-XXXXXX"));
+    return !probe.open();
 }
-
-// A folder not even root can write: failing file modes, a read-only bind mount in a mount
-// namespace private to the test's thread (needs CAP_SYS_ADMIN). Undone when destroyed.
-class ReadOnlyFolder
-{
-public:
-    explicit ReadOnlyFolder(const QString &folder)
-        : m_folder(QDir(folder).absolutePath())
-        , m_permissions(QFile::permissions(m_folder))
-    {
-        QFile::setPermissions(m_folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-        const QByteArray path = QFile::encodeName(m_folder);
-        static const bool privateNamespace = unshare(CLONE_NEWNS) == 0
-            && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-        if (!isEffective() && privateNamespace
-            && mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) == 0) {
-            m_mounted = true;
-            mount(nullptr, path.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
-        }
-    }
-    ~ReadOnlyFolder()
-    {
-        if (m_mounted)
-            umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
-        QFile::setPermissions(m_folder, m_permissions);
-    }
-    Q_DISABLE_COPY(ReadOnlyFolder)
-
-    // False when neither way could stop this process from writing there.
-    bool isEffective() const
-    {
-        QTemporaryFile probe(m_folder + QStringLiteral("/probe-XXXXXX"));
-        return !probe.open();
-    }
-
-private:
-    QString m_folder;
-    QFileDevice::Permissions m_permissions;
-    bool m_mounted = false;
-};
 
 } // namespace
 
@@ -183,7 +141,7 @@ private slots:
         QVERIFY(QDir(m_dir.path()).mkdir(QStringLiteral("Twins")));
         for (const char *name :
             { "Data/Combo Lists/Colours.DB", "Twins/Name.txt", "Twins/NAME.txt", "Twins/name.TXT" })
-            QVERIFY(!test::writeFile(m_dir.filePath(QLatin1String(name)), {}).isEmpty());
+            QVERIFY(!writeFile(m_dir.filePath(QLatin1String(name)), {}).isEmpty());
     }
 
     void init()
@@ -197,32 +155,30 @@ private slots:
         QTest::addColumn<Operation>("c");
         auto row = [](const char *name, int operation, const QVariant &value,
                        const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << Operation { operation, value, {}, 0, expected, error };
+            QTest::newRow(name) << Operation { operation, value, 0, expected, error };
         };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
-        row("Val abc", Val, text("abc"), 0.0);
-        row("Val blank, sign, dangling exponent", Val, text(" -2.5e"), -2.5);
+        row("Val abc", Val, "abc", 0.0);
+        row("Val blank, sign, dangling exponent", Val, " -2.5e", -2.5);
         row("16-bit 2.5 to even", Int16, 2.5, 2);
-        row("16-bit 3.5 to even", Int16, 3.5, 4);
         row("16-bit 32767.5 rounds past", Int16, 32767.5, {}, overflow);
         row("16-bit empty is 0", Int16, QVariant(), 0);
         row("32-bit 40000", Int32, 40000, 40000);
         row("32-bit 3e9", Int32, 3e9, {}, overflow);
         row("double of a date", Dbl, march1, 45352.0);
-        row("double of 12abc", Dbl, text("12abc"), {}, mismatch);
-        row("truth of ' True '", Bool, text(" True "), true);
-        row("truth of ''", Bool, text(""), {}, mismatch);
-        row("date test 1.3.2024", IsDate, text("1.3.2024"), true);
-        row("date test 2024-02-30", IsDate, text("2024-02-30"), false);
-        row("date 3/1/2024", Date, text("3/1/2024"), march1);
-        row("date with a time", Date, text("2024-03-01 14:30"), march1);
+        row("double of 12abc", Dbl, "12abc", {}, mismatch);
+        row("truth of ' True '", Bool, " True ", true);
+        row("truth of ''", Bool, "", {}, mismatch);
+        row("date test 1.3.2024", IsDate, "1.3.2024", true);
+        row("date test 2024-02-30", IsDate, "2024-02-30", false);
+        row("date 3/1/2024", Date, "3/1/2024", march1);
+        row("date with a time", Date, "2024-03-01 14:30", march1);
         row("date of a serial", Date, 45352.75, march1);
-        row("date of tomorrow", Date, text("tomorrow"), {}, mismatch);
-        row("text of a single", Text, singleValue(3.7f), text("3.7"));
-        row("text of 0.1 + 0.2", Text, 0.1 + 0.2, text("0.3"));
-        row("text of a date and time", Text, QDateTime(march1, QTime(14, 5, 9)),
-            text("2024-03-01 14:05:09"));
+        row("date of tomorrow", Date, "tomorrow", {}, mismatch);
+        row("text of a single", Text, singleValue(3.7f), "3.7");
+        row("text of 0.1 + 0.2", Text, 0.1 + 0.2, "0.3");
+        row("text of a timestamp", Text, QDateTime(march1, QTime(14, 5, 9)), "2024-03-01 14:05:09");
         // A colour is RGB with red in the low byte, or a palette role.
         row("three bytes, red lowest", ColourOf, 0x00123456u, QColor(0x56, 0x34, 0x12));
         row("RGB of a colour", RgbOf, QColor(0x56, 0x34, 0x12), 0x00123456u);
@@ -231,7 +187,7 @@ private slots:
         row("button text", ColourOf, 0x80000012u, roleColour(QPalette::ButtonText));
         // Paths below the test's folder, resolved without regard to letter case.
         auto resolved = [&](const char *name, const char *written, const char *expected) {
-            textRow(name, Resolved, m_dir.path() + written, m_dir.path() + expected);
+            row(name, Resolved, m_dir.path() + written, m_dir.path() + expected);
         };
         const char *db = "/Data/Combo Lists/Colours.DB";
         resolved("backslashes and case", "\\DATA\\combo lists\\colours.db", db);
@@ -242,49 +198,39 @@ private slots:
         resolved("exact twin NAME", "/Twins/NAME.txt", "/Twins/NAME.txt");
         resolved("folder in other case", "\\TWINS\\Name.txt", "/Twins/Name.txt");
         // Qt's name filters, one a line.
-        textRow("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+        row("two pairs", NameFilters, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
             "Text Files (*.txt) (*.[tT][xX][tT])\nAll Files (*.*) (*)");
-        textRow("several patterns", NameFilters, "Images|*.png;*.JPG",
-            "Images (*.[pP][nN][gG] *.[jJ][pP][gG])");
-        textRow("description without pattern is left out", NameFilters, "Data (*.db)|*.db|Dangling",
-            "Data (*.db) (*.[dD][bB])");
+        row("two patterns", NameFilters, "Img|*.png;*.JPG", "Img (*.[pP][nN][gG] *.[jJ][pP][gG])");
+        row("lone description", NameFilters, "Data (*.db)|*.db|Lone", "Data (*.db) (*.[dD][bB])");
         // A dialog's start folder, home when it is missing.
-        textRow("start folder in other case and backslashes", StartFolder,
-            m_dir.path() + "\\DATA\\", m_dir.filePath(QStringLiteral("Data")));
-        textRow("start folder on a drive of another system", StartFolder, "C:\\", QDir::homePath());
-        textRow("empty start folder", StartFolder, "", QDir::homePath());
+        row("start folder case", StartFolder, m_dir.path() + "\\DATA\\", m_dir.filePath("Data"));
+        row("start folder on a drive of another system", StartFolder, "C:\\", QDir::homePath());
+        row("empty start folder", StartFolder, "", QDir::homePath());
         // A file is UTF-8 when all of it is, else Windows-1252.
-        auto decoded = [&](const char *name, const char *bytes, const QString &expected) {
-            QTest::newRow(name) << Operation { Decoded, QByteArray(bytes), m_dir.path(), 0,
-                expected, 0 };
-        };
-        decoded("UTF-8", "caf\xC3\xA9 \xE2\x82\xAC", QStringLiteral("caf\u00E9 \u20AC"));
-        decoded("UTF-8 BOM dropped", "\xEF\xBB\xBFTitle=x", QStringLiteral("Title=x"));
-        decoded("Windows-1252 high codes", "\x80 \x85 \x93q\x94 \x96 \x99 \x9F",
+        row("UTF-8", Decoded, QByteArray("\xC3\xA9 \xE2\x82\xAC"), QStringLiteral("\u00E9 \u20AC"));
+        row("BOM dropped", Decoded, QByteArray("\xEF\xBB\xBFTitle=x"), QStringLiteral("Title=x"));
+        row("Windows-1252 high codes", Decoded, QByteArray("\x80 \x85 \x93q\x94 \x96 \x99 \x9F"),
             QStringLiteral("\u20AC \u2026 \u201Cq\u201D \u2013 \u2122 \u0178"));
-        decoded("invalid UTF-8 anywhere makes all Windows-1252", "\xC3\xA9 and \xE9",
-            QStringLiteral("\u00C3\u00A9 and \u00E9"));
-        textRow("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
-        auto step = [](const char *name, int operation, qint32 start, qint32 by, qint32 after,
-                        int error = 0) {
-            QTest::newRow(name) << Operation { operation, start, {}, by,
-                QVariantList { after, after }, error };
+        row("invalid UTF-8 anywhere makes all Windows-1252", Decoded,
+            QByteArray("\xC3\xA9 and \xE9"), QStringLiteral("\u00C3\u00A9 and \u00E9"));
+        row("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
+        auto step = [](const char *name, qint32 from, qint32 by, qint32 to, int error = 0) {
+            QTest::newRow(name) << Operation { StepUp, from, by, QVariantList { to, to }, error };
         };
         const qint32 top = std::numeric_limits<qint32>::max();
         const qint32 bottom = std::numeric_limits<qint32>::min();
-        step("increment by a negative step", StepUp, 10, -3, 7);
-        step("increment up to the top", StepUp, top - 1, 1, top);
-        step("increment past the top", StepUp, top, 1, top, overflow);
-        step("increment below the bottom", StepUp, bottom, -1, bottom, overflow);
+        step("increment by a negative step", 10, -3, 7);
+        step("increment up to the top", top - 1, 1, top);
+        step("increment past the top", top, 1, top, overflow);
+        step("increment below the bottom", bottom, -1, bottom, overflow);
     }
 
     void operationGivesTheValueOrRaises()
     {
         QFETCH(Operation, c);
-        const auto &[operation, value, argument, n, expected, error] = c;
+        const auto &[operation, value, n, expected, error] = c;
         QVariant result;
-        const auto call
-            = [&, op = operation, &v = value, &a = argument, n = n] { return apply(op, v, a, n); };
+        const auto call = [&, op = operation, &v = value, n = n] { return apply(op, v, n); };
         QCOMPARE(raisedError([&] { result = call(); }), error);
         if (!error)
             QCOMPARE(result, expected);
@@ -292,21 +238,18 @@ private slots:
 
     void trapReportsWithTheSourceTextAndReturnsAnEmptyValue()
     {
-        test::ErrorRecorder recorder;
+        ErrorRecorder recorder;
         const char *source = "Function 'Item' of Class Module 'Fields'";
         QObject object, *missing = nullptr;
-        QCOMPARE(trap(source, [&] { return failing<QObject *>(ErrSubscriptOutOfRange, &object); }),
-            nullptr);
+        QCOMPARE(trap(source, [&] { return failing(ErrSubscriptOutOfRange, &object); }), nullptr);
         QCOMPARE(trap(source, [] { return failing(ErrTypeMismatch, QStringLiteral("x")); }), "");
         QCOMPARE(trap(source, [] { return failing(ErrOverflow, 7); }), 0);
         QVERIFY(!trap(source, [] { return failing(ErrDuplicateKey, QVariant(7)); }).isValid());
-        QCOMPARE(trap(source, [] { return 42; }), 42);
-        QCOMPARE(trap(source, [&] { return require(&object); }), &object);
         trap(source, [&] { require(missing)->objectName(); });
         trap(source, [] { throw std::runtime_error("disk gone"); });
         QCOMPARE(recorder.sources(), QStringList(6, QString::fromLatin1(source)));
         QStringList descriptions;
-        for (const test::ReportedError &error : recorder.errors)
+        for (const ReportedError &error : recorder.errors)
             descriptions << QStringLiteral("%1 %2").arg(error.number).arg(error.description);
         QCOMPARE(descriptions,
             (QStringList { "9 Subscript out of range", "13 Type mismatch", "6 Overflow",
@@ -335,38 +278,27 @@ private slots:
 
     void namesMatchWithoutRegardToLetterCase_data()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QStringList>("spellings");
+        auto row = columns<int, QStringList>();
         const QString longName = QString(250, QLatin1Char('x')) + QStringLiteral("\u00C4pfel");
-        QTest::newRow("non-ASCII application")
-            << 0
-            << QStringList { "\u00C4pfel \u00DCbung", "\u00E4PFEL \u00FCBUNG",
-                   "\u00E4pfel \u00FCbung" };
-        QTest::newRow("long application")
-            << 0 << QStringList { longName, longName.toUpper(), longName.toLower() };
-        QTest::newRow("section") << 1 << QStringList { "Grid", "grid", "GRID" };
-        QTest::newRow("key") << 2 << QStringList { "Values", "values", "VALUES" };
+        row("non-ASCII application", 0,
+            { "\u00C4pfel \u00DCbung", "\u00E4PFEL \u00FCBUNG", "\u00E4pfel \u00FCbung" });
+        row("long application", 0, { longName, longName.toUpper(), longName.toLower() });
+        row("section", 1, { "Grid", "grid", "GRID" });
+        row("key", 2, { "Values", "values", "VALUES" });
     }
 
     void namesMatchWithoutRegardToLetterCase()
     {
-        QFETCH(int, level);
-        QFETCH(QStringList, spellings);
+        const auto [level, spellings] = fetch<int, QStringList>();
         // The application, section and key, with the level under test in each spelling.
         QList<QStringList> at(spellings.size(), { "App", "Section", "Key" });
         for (int i = 0; i < spellings.size(); ++i)
             at[i][level] = spellings[i];
-        const auto save = [&](int i, const QString &v) {
-            SettingsStore::SaveSetting(at[i][0], at[i][1], at[i][2], v);
-        };
-        const auto get = [&](int i) {
-            return SettingsStore::GetSetting(at[i][0], at[i][1], at[i][2], "dflt");
-        };
-        save(0, QStringLiteral("first"));
-        QCOMPARE(get(1), QStringLiteral("first"));
-        save(1, QStringLiteral("second"));
-        QCOMPARE(get(2), QStringLiteral("second"));
-        QCOMPARE(get(0), QStringLiteral("second"));
+        SettingsStore::SaveSetting(at[0][0], at[0][1], at[0][2], "first");
+        QCOMPARE(SettingsStore::GetSetting(at[1][0], at[1][1], at[1][2], "dflt"), "first");
+        SettingsStore::SaveSetting(at[1][0], at[1][1], at[1][2], "second");
+        for (const QStringList &names : { at[2], at[0] })
+            QCOMPARE(SettingsStore::GetSetting(names[0], names[1], names[2], "dflt"), "second");
         // One file, one entry: the spelling first written is kept.
         const QString path = SettingsStore::filePath(at[0][0]);
         QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files),
@@ -389,14 +321,26 @@ private slots:
         SettingsStore::SaveSetting(app, s, QStringLiteral("K"), earlier);
         const QByteArray before = readFile(path);
         {
-            ReadOnlyFolder readOnly(QFileInfo(path).absolutePath());
-            if (!readOnly.isEffective())
+            // Not even root can write there: failing file modes, or a read-only bind mount in a
+            // mount namespace private to the test's thread (needs CAP_SYS_ADMIN).
+            const QString folder = QFileInfo(path).absolutePath();
+            const QByteArray at = QFile::encodeName(folder);
+            const QFileDevice::Permissions permissions = QFile::permissions(folder);
+            QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+            const bool mounted = !unwritable(folder) && unshare(CLONE_NEWNS) == 0
+                && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+                && mount(at.constData(), at.constData(), nullptr, MS_BIND, nullptr) == 0;
+            if (mounted)
+                mount(nullptr, at.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
+            const auto undo = qScopeGuard([&] {
+                if (mounted)
+                    umount2(at.constData(), MNT_DETACH);
+                QFile::setPermissions(folder, permissions);
+            });
+            if (!unwritable(folder))
                 QSKIP("This process can write to any folder and cannot mount one read-only");
             for (const char *key : { "K", "Added" })
-                QCOMPARE(raisedError([&] {
-                    SettingsStore::SaveSetting(app, s, QLatin1String(key), QStringLiteral("new"));
-                }),
-                    75);
+                QCOMPARE(raisedError([&] { SettingsStore::SaveSetting(app, s, key, "new"); }), 75);
             QCOMPARE(readFile(path), before);
         }
         // The failed values do not come back once the store can be written again.
@@ -408,37 +352,26 @@ private slots:
     void tableNameReadsThatTableOrFailsRunningNoOtherSql_data()
     {
         // The test's database, no file at all, its start only, or other bytes.
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<int>("error");
-        QTest::addColumn<QString>("names");
+        auto row = columns<QByteArray, QString, int, QString>();
         const int missing = ErrTableNotFound;
         const QByteArray db("database");
-        QTest::newRow("upper-cased by the reader") << db << "COLOURS" << 0 << "Red,Green,Blue";
-        QTest::newRow("same name upper-cased")
-            << db << "ODD\"NAME; DROP TABLE COLOURS; --" << 0 << "odd";
-        QTest::newRow("injection after a quote")
-            << db << "colours\"; DROP TABLE colours; --" << missing << "";
-        QTest::newRow("empty name") << db << "" << missing << "";
-        const int unrecognized = ErrUnrecognizedDatabase;
-        QTest::newRow("missing file")
-            << QByteArray() << "colours" << int(ErrDatabaseFileNotFound) << "";
-        QTest::newRow("truncated database")
-            << QByteArray("truncated") << "colours" << unrecognized << "";
+        row("upper-cased by the reader", db, "COLOURS", 0, "Red,Green,Blue");
+        row("same name upper-cased", db, "ODD\"NAME; DROP TABLE COLOURS; --", 0, "odd");
+        row("injection after a quote", db, "colours\"; DROP TABLE colours; --", missing, "");
+        row("empty name", db, "", missing, "");
+        row("missing file", QByteArray(), "colours", ErrDatabaseFileNotFound, "");
+        row("truncated database", "truncated", "colours", ErrUnrecognizedDatabase, "");
     }
 
     void tableNameReadsThatTableOrFailsRunningNoOtherSql()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QString, table);
-        QFETCH(int, error);
-        QFETCH(QString, names);
-        const QString path = file == "database" ? m_db : m_dir.filePath(QStringLiteral("bad.db"));
-        if (file == "truncated")
-            file = readFile(m_db).left(60);
-        QVERIFY(path == m_db || file.isNull() || !test::writeFile(path, file).isEmpty());
+        const auto [given, table, error, names] = fetch<QByteArray, QString, int, QString>();
+        const QString path = given == "database" ? m_db : m_dir.filePath(QStringLiteral("bad.db"));
+        const QByteArray file = given == "truncated" ? readFile(m_db).left(60) : given;
+        QVERIFY(path == m_db || file.isNull() || !writeFile(path, file).isEmpty());
         std::unique_ptr<Recordset> records;
-        QCOMPARE(raisedError([&] { records = OpenDatabase(path)->OpenRecordset(table); }), error);
+        QCOMPARE(
+            raisedError([&, t = table] { records = OpenDatabase(path)->OpenRecordset(t); }), error);
         if (records)
             QCOMPARE(valuesOf(*records, "NAME").join(QLatin1Char(',')), names);
         QCOMPARE(OpenDatabase(m_db)->OpenRecordset(QStringLiteral("colours"))->RecordCount(), 3);
@@ -460,42 +393,37 @@ private slots:
 
     void pathIsFittedKeepingItsFileName_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<int>("narrower"); // pixels less than the whole path; -2: half of it
-        QTest::addColumn<QString>("fileName");
+        // The path, pixels less than the whole of it (-2: half of it) and the file name kept.
+        auto row = columns<QString, int, QString>();
         const QString slashes("/home/user/projects/field deck/examples/settings.def");
         const QString backslashes = QStringLiteral("C:\\Program Files\\Vendor\\data\\table.mdb");
-        QTest::newRow("fits") << slashes << 0 << "/settings.def";
-        QTest::newRow("one pixel too narrow") << slashes << 1 << "/settings.def";
-        QTest::newRow("no width at all") << slashes << 100000 << "/settings.def";
-        QTest::newRow("backslashes, half the width") << backslashes << -2 << "\\table.mdb";
+        row("fits", slashes, 0, "/settings.def");
+        row("one pixel too narrow", slashes, 1, "/settings.def");
+        row("no width at all", slashes, 100000, "/settings.def");
+        row("backslashes, half the width", backslashes, -2, "\\table.mdb");
     }
 
     void pathIsFittedKeepingItsFileName()
     {
-        QFETCH(QString, path);
-        QFETCH(int, narrower);
-        QFETCH(QString, fileName);
+        const auto [path, narrower, fileName] = fetch<QString, int, QString>();
         const QFont font;
         const QFontMetrics metrics(font);
         const int full = metrics.horizontalAdvance(path);
         const int width = qMax(0, narrower < 0 ? full / -narrower : full - narrower);
         const QString fitted = FitPath(font, width, path);
+        const QByteArray shown = fitted.toUtf8();
         if (width >= full)
             QCOMPARE(fitted, path);
-        QVERIFY2(fitted.endsWith(fileName), qPrintable(fitted));
+        QVERIFY2(fitted.endsWith(fileName), shown);
         if (fitted == path)
             return;
         // "..." and as many folders as fit before the file name, which is kept even if too wide.
-        QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)),
-            qPrintable(fitted));
+        QVERIFY2(fitted.startsWith(QLatin1String("...")) && path.endsWith(fitted.mid(3)), shown);
         QCOMPARE(fitted.at(3), fileName.at(0));
-        QVERIFY2(metrics.horizontalAdvance(fitted) <= width || fitted.mid(3) == fileName,
-            qPrintable(fitted));
+        QVERIFY2(metrics.horizontalAdvance(fitted) <= width || fitted.mid(3) == fileName, shown);
         const qsizetype longer = path.lastIndexOf(fileName.at(0), path.size() - fitted.size() + 2);
         if (longer > 3) // the next folder would still leave a shorter text than the path
-            QVERIFY2(metrics.horizontalAdvance(QStringLiteral("...") + path.mid(longer)) > width,
-                qPrintable(fitted));
+            QVERIFY2(metrics.horizontalAdvance("..." + path.mid(longer)) > width, shown);
     }
 
 private:
