@@ -7,6 +7,7 @@
 #include "FormWindow.h"
 
 #include "TestSupport.h"
+#include "host/Columns.h"
 
 #include <kwFieldDeck/kwFieldDeck>
 
@@ -15,6 +16,8 @@
 
 using namespace kwFieldDeck;
 using namespace Qt::StringLiterals;
+using kwFieldDeck::test::columns;
+using kwFieldDeck::test::fetch;
 
 namespace {
 const QDate June1(2024, 6, 1);
@@ -100,14 +103,8 @@ private slots:
     // The plain value's kind is compared too: it decides what the JSON holds.
     void textAndPlainValueByKindAndType_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVariant>("plain");
-        auto row = [](const char *name, int type, const QVariant &value, const char *text,
-                       const QVariant &plain) {
-            QTest::newRow(name) << type << value << QString::fromUtf8(text) << plain;
-        };
+        // The field type, the value, its text and its plain value.
+        const auto row = columns<int, QVariant, QString, QVariant>();
         // Other types: a number, boolean or empty stays a number; a text that reads as one, text.
         row("empty", 0, QVariant(), "", 0.0);
         row("text of a number", ftText, "12", "12", "12");
@@ -140,10 +137,7 @@ private slots:
 
     void textAndPlainValueByKindAndType()
     {
-        QFETCH(int, type);
-        QFETCH(QVariant, value);
-        QFETCH(QString, text);
-        QFETCH(QVariant, plain);
+        const auto [type, value, text, plain] = fetch<int, QVariant, QString, QVariant>();
         QCOMPARE(valueText(value), text);
         const QVariant got = plainValue(value, lFieldTypes(type));
         QCOMPARE(got.metaType(), plain.metaType());

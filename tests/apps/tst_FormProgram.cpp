@@ -1,8 +1,12 @@
 // Runs kwfielddeck-form as a shell script would and checks its exit status and output.
 
 #include "TestSupport.h"
+#include "host/Columns.h"
 
 #include <QtTest>
+
+using kwFieldDeck::test::columns;
+using kwFieldDeck::test::fetch;
 
 namespace {
 struct Run
@@ -43,29 +47,22 @@ private slots:
     // --screenshot prints as OK does; the showcase finds its combo database from another folder.
     void printsTheValuesAndExitsZero_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("workingFolder");
-        // The whole output, or a line of it when it starts with a line break.
-        QTest::addColumn<QString>("printed");
+        // The arguments, the whole output (or a line of it when it starts with a line break) and
+        // the working folder.
+        const auto row = columns<QStringList, QString, QString>();
         const QString examples = qEnvironmentVariable("KW_EXAMPLES_DIR");
-        auto row = [](const char *name, const QStringList &arguments, const QString &printed,
-                       const QString &workingFolder = {}) {
-            QTest::newRow(name) << arguments << workingFolder << printed;
-        };
-        row("version", { "--version" }, QStringLiteral("kwfielddeck-form " KW_VERSION "\n"));
+        row("version", { "--version" }, "kwfielddeck-form " KW_VERSION "\n", {});
         row("lines", { "--title", "Three fields", "three.kwdef" },
-            "Name=Ada\nNotes=first\nSize=12\n");
+            "Name=Ada\nNotes=first\nSize=12\n", {});
         row("JSON", { "--json", "--set", "Notes=one%CRLF%two", "three.kwdef" },
-            "{\"Name\":\"Ada\",\"Notes\":\"one\\ntwo\",\"Size\":12}\n");
+            "{\"Name\":\"Ada\",\"Notes\":\"one\\ntwo\",\"Size\":12}\n", {});
         row("showcase from the root folder", { examples + "/showcase.kwdef" }, "\nColour=4\n",
             QDir::rootPath());
     }
 
     void printsTheValuesAndExitsZero()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, workingFolder);
-        QFETCH(QString, printed);
+        const auto [arguments, printed, workingFolder] = fetch<QStringList, QString, QString>();
         const QString png = m_folder.filePath("shot.png");
         QFile::remove(png);
         const bool shot = arguments.last().endsWith(".kwdef");
@@ -171,15 +168,13 @@ private slots:
 
     void whatCannotRunExitsTwoWithAReason_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("reason");
         const QStringList shot { "--screenshot", "out.png" },
             in = shot + QStringList { "in.kwdef" };
-        auto row = [](const char *name, const QStringList &arguments, const QString &reason,
-                       const QByteArray &file = {}) {
-            QTest::newRow(name) << arguments << file << reason;
-        };
+        // The arguments, the reason printed and the definition file written first, if any.
+        const auto column = columns<QStringList, QString, QByteArray>();
+        const auto row
+            = [&column](const char *name, const QStringList &arguments, const QString &reason,
+                  const QByteArray &file = {}) { column(name, arguments, reason, file); };
         row("missing file", shot + QStringList { "no.kwdef" },
             "\"no.kwdef\": the file does not exist");
         row("a folder", shot + QStringList { "." }, "folder");
@@ -205,9 +200,7 @@ private slots:
 
     void whatCannotRunExitsTwoWithAReason()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QByteArray, file);
-        QFETCH(QString, reason);
+        const auto [arguments, reason, file] = fetch<QStringList, QString, QByteArray>();
         if (!file.isEmpty())
             QVERIFY(!write(arguments.last(), file).isEmpty());
         const Run result = run(arguments);
