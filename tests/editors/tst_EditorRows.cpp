@@ -272,11 +272,8 @@ private slots:
         ModalShowDriver window([&, edit = edit, escape = escape](QDialog &dialog) {
             captions << static_cast<frmMemo &>(dialog).Title();
             auto *text = dialog.findChild<QPlainTextEdit *>(QStringLiteral("txtMemo"));
-            if (edit) {
-                QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
-                QTest::keyClick(text, Qt::Key_Return);
-                QTest::keyClicks(text, QStringLiteral("c"));
-            }
+            if (edit)
+                QTest::keySequence(text, QKeySequence(QStringLiteral("Ctrl+End, Return, C")));
             if (escape)
                 QTest::keyClick(text, Qt::Key_Escape);
             else

@@ -88,9 +88,8 @@ private slots:
         MessageRecorder messages;
         field->setFieldType(ftText);
         field->setFieldType(ftNumeric);
-        const QString warning
-            = "Field:Port\r\nCan't Change Field Type once it has already been set!";
-        QCOMPARE(messages.prompts(), QStringList({ warning, warning }));
+        QCOMPARE(messages.prompts(),
+            QStringList(2, "Field:Port\r\nCan't Change Field Type once it has already been set!"));
         QCOMPARE(messages.messages.last().style, MsgBoxStyle::OKOnly);
         QCOMPARE(messages.messages.last().title, QString());
         QCOMPARE(field->FieldType(), qint32(ftNumeric));
@@ -168,13 +167,13 @@ private slots:
 
     void editorsAreNamedForScreenReaders_data()
     {
-        QTest::addColumn<int>("type");
+        auto row = columns<int>();
         for (int type = ftText; type <= ftMemo; ++type)
-            QTest::newRow(QMetaEnum::fromType<lFieldTypes>().valueToKey(type)) << type;
+            row(QMetaEnum::fromType<lFieldTypes>().valueToKey(type), type);
     }
     void editorsAreNamedForScreenReaders()
     {
-        QFETCH(int, type);
+        const auto [type] = fetch<int>();
         host->add("Port", lFieldTypes(type), {}, "Port the server listens on");
         host->click(host->namePoint(0));
         int named = 0;

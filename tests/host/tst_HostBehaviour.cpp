@@ -142,13 +142,13 @@ private slots:
     // A font set on the grid in any of Qt's ways reaches the rows there are and the rows to come.
     void fontSetOnTheGridReachesEveryRow_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::newRow("Font property") << "property";
-        QTest::newRow("from the parent") << "parent";
+        auto row = columns<QString>();
+        row("Font property", "property");
+        row("from the parent", "parent");
     }
     void fontSetOnTheGridReachesEveryRow()
     {
-        QFETCH(QString, how);
+        const auto [how] = fetch<QString>();
         host->add("Before", ftText, "before");
         const QFont font(QStringLiteral("DejaVu Serif"), 15);
         if (how == "property")
@@ -261,13 +261,13 @@ private slots:
     // A hidden or removed row leaves a gap, which clicks pass through, until Refresh(true).
     void onlyAFullRefreshClosesAGap_data()
     {
-        QTest::addColumn<bool>("remove");
-        QTest::newRow("hidden") << false;
-        QTest::newRow("removed") << true;
+        auto row = columns<bool>();
+        row("hidden", false);
+        row("removed", true);
     }
     void onlyAFullRefreshClosesAGap()
     {
-        QFETCH(bool, remove);
+        const auto [remove] = fetch<bool>();
         host->addRows(3);
         host->grid->Refresh(true);
         if (remove)
@@ -304,15 +304,13 @@ private slots:
     void duplicateNameLeavesItsRow()
     {
         QVERIFY(host->add("Port", ftText, "80"));
-        {
-            MessageRecorder messages;
-            ErrorRecorder errors;
-            QVERIFY(!host->add("port", ftText, "refused"));
-            QVERIFY(errors.errors.isEmpty());
-            QCOMPARE(messages.prompts(), { "Field: port already exists in Fields Collection!" });
-            QCOMPARE(messages.messages.first().style, MsgBoxStyle::OKOnly);
-            QCOMPARE(messages.messages.first().title, QString());
-        }
+        MessageRecorder messages;
+        ErrorRecorder errors;
+        QVERIFY(!host->add("port", ftText, "refused"));
+        QVERIFY(errors.errors.isEmpty());
+        QCOMPARE(messages.prompts(), { "Field: port already exists in Fields Collection!" });
+        QCOMPARE(messages.messages.first().style, MsgBoxStyle::OKOnly);
+        QCOMPARE(messages.messages.first().title, QString());
         QCOMPARE(host->grid->Fields()->Count(), 1);
         QCOMPARE(host->textAt(1), QStringLiteral("refused"));
         host->add("Next", ftText, "next");

@@ -4,11 +4,13 @@
 #include "runtime/SettingsStore.h"
 
 #include "TestSupport.h"
+#include "host/Columns.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
 using namespace kwFieldDeck;
+using namespace kwFieldDeck::test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,21 +20,6 @@ const auto fontOf = [](const frmMemo &memo) {
 
 const auto store = [](const char *key, const QString &value) {
     SettingsStore::SaveSetting(QCoreApplication::applicationName(), "Settings", key, value);
-};
-
-struct Typing
-{
-    const char *text, *keys;
-    int line, column;
-    const char *lines, *value;
-};
-
-struct FontPick
-{
-    QString storedName;
-    int pick;
-    const char *button;
-    QString expected;
 };
 
 bool showActive(frmMemo &memo, const QString &text = {})
@@ -53,29 +40,28 @@ private slots:
     // Unedited text keeps its breaks (also through a memo row, tst_EditorRows); edited, CR LF.
     void statusBarAndValueFollowTheKeys_data()
     {
-        QTest::addColumn<Typing>("row");
-        const auto row
-            = [](const char *name, const Typing &typing) { QTest::newRow(name) << typing; };
-        row("empty", { "", "", 1, 1, "1 Line", "" });
-        row("blank", { "a\r\n\r\nb", "Ctrl+Home, Down", 2, 1, "3 Lines", "a\r\n\r\nb" });
+        // The text, the keys, the line and column shown, the number of lines and the value after.
+        auto row = columns<QString, QString, int, int, QString, QString>();
+        row("empty", "", "", 1, 1, "1 Line", "");
+        row("blank", "a\r\n\r\nb", "Ctrl+Home, Down", 2, 1, "3 Lines", "a\r\n\r\nb");
         // The position is the selection's start, not where the caret ended up.
-        row("selection", { "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", 1, 1, "2 Lines", "ab\r\ncd" });
-        row("mixed edited",
-            { "ab\ncd\r\n\rf", "Ctrl+End, !", 4, 3, "4 Lines", "ab\r\ncd\r\n\r\nf!" });
-        row("Tab", { "ab", "Ctrl+End, Tab", 1, 4, "1 Line", "ab\t" });
-        row("Shift+Tab after Tab", { "ab", "Ctrl+End, Tab, Shift+Backtab", 1, 3, "1 Line", "ab" });
+        row("selection", "ab\r\ncd", "Ctrl+Home, Ctrl+Shift+End", 1, 1, "2 Lines", "ab\r\ncd");
+        row("mixed edited", "ab\ncd\r\n\rf", "Ctrl+End, !", 4, 3, "4 Lines", "ab\r\ncd\r\n\r\nf!");
+        row("Tab", "ab", "Ctrl+End, Tab", 1, 4, "1 Line", "ab\t");
+        row("Shift+Tab after Tab", "ab", "Ctrl+End, Tab, Shift+Backtab", 1, 3, "1 Line", "ab");
     }
     void statusBarAndValueFollowTheKeys()
     {
-        QFETCH(Typing, row);
+        const auto [text, keys, line, column, lines, value]
+            = fetch<QString, QString, int, int, QString, QString>();
         frmMemo memo;
-        QVERIFY(showActive(memo, row.text));
+        QVERIFY(showActive(memo, text));
         QTRY_VERIFY(memo.txtMemo->hasFocus());
-        QTest::keySequence(memo.txtMemo, QKeySequence(row.keys));
+        QTest::keySequence(memo.txtMemo, QKeySequence(keys));
         QTRY_COMPARE(memo.StatusBar1->findChild<QLabel *>("Panel3")->text(),
-            u"  Ln %1, Col %2  "_s.arg(row.line).arg(row.column));
-        QCOMPARE(memo.StatusBar1->findChild<QLabel *>("Panel2")->text(), row.lines);
-        QTRY_COMPARE(memo.Value(), row.value);
+            u"  Ln %1, Col %2  "_s.arg(line).arg(column));
+        QCOMPARE(memo.StatusBar1->findChild<QLabel *>("Panel2")->text(), lines);
+        QTRY_COMPARE(memo.Value(), value);
         QVERIFY(memo.txtMemo->hasFocus());
     }
 
@@ -115,7 +101,7 @@ private slots:
     void droppedFilesReplaceTheTextOnlyWhenOneExists()
     {
         QTemporaryDir dir;
-        const QString file = test::writeFile(dir.filePath(u"dropped.txt"_s), "line one\nline two");
+        const QString file = writeFile(dir.filePath(u"dropped.txt"_s), "line one\nline two");
         const std::pair<int, const char *> drops[]
             = { { 1, "line one\r\nline two" }, { 2, "kept" } };
         for (const auto &[count, expected] : drops) {
@@ -135,38 +121,39 @@ private slots:
     // A user who only changes the size keeps the memo's font name, even one not listed exactly.
     void fontChoiceIsKeptForTheNextWindow_data()
     {
-        QTest::addColumn<FontPick>("row");
+        // The font name stored, the list's row picked (-1: none), the button, the font after.
+        auto row = columns<QString, int, QString, QString>();
         const QStringList families = QFontDatabase::families();
         const int other = families.first() == "MS Sans Serif"_L1 ? 1 : 0;
         const QString picked = families.value(other) + "|14", unchanged = u"MS Sans Serif|10"_s;
-        QTest::newRow("Ok") << FontPick { {}, other, "btnOk", picked };
-        QTest::newRow("Cancel changes nothing") << FontPick { {}, other, "btnCancel", unchanged };
-        QTest::newRow("close button") << FontPick { {}, int(families.size() - 1), "", unchanged };
-        QTest::newRow("Ok, no pick") << FontPick { {}, -1, "btnOk", u"MS Sans Serif|11"_s };
+        row("Ok", {}, other, "btnOk", picked);
+        row("Cancel changes nothing", {}, other, "btnCancel", unchanged);
+        row("close button", {}, int(families.size() - 1), "", unchanged);
+        row("Ok, no pick", {}, -1, "btnOk", u"MS Sans Serif|11"_s);
         for (const QString &family : families) {
             const QString name = family.toUpper() != family ? family.toUpper() : family.toLower();
             if (name != family && !families.contains(name)) {
-                QTest::newRow("Ok, no pick, stored name in another letter case")
-                    << FontPick { name, -1, "btnOk", name + "|11" };
+                row("Ok, no pick, stored name in another letter case", name, -1, "btnOk",
+                    name + "|11");
                 break;
             }
         }
     }
     void fontChoiceIsKeptForTheNextWindow()
     {
-        QFETCH(FontPick, row);
-        if (!row.storedName.isEmpty())
-            store("FontName", row.storedName);
-        const QString family = QFontDatabase::families().value(row.pick);
-        test::ModalShowDriver driver([&](QDialog &dialog) {
+        const auto [storedName, pick, button, expected] = fetch<QString, int, QString, QString>();
+        if (!storedName.isEmpty())
+            store("FontName", storedName);
+        const QString family = QFontDatabase::families().value(pick);
+        ModalShowDriver driver([&, pick = pick, button = button](QDialog &dialog) {
             auto &chooser = static_cast<frmChooseFont &>(dialog);
             QListWidget *fonts = chooser.lstFonts;
             QCOMPARE(fonts->count(), QFontDatabase::families().size());
-            if (row.pick >= 0) {
+            if (pick >= 0) {
                 // A user's click on the row, scrolled into view first.
-                fonts->scrollToItem(fonts->item(row.pick));
+                fonts->scrollToItem(fonts->item(pick));
                 QTest::mouseClick(fonts->viewport(), Qt::LeftButton, {},
-                    fonts->visualItemRect(fonts->item(row.pick)).center());
+                    fonts->visualItemRect(fonts->item(pick)).center());
                 QTest::keyClicks(chooser.cboSize, u"14"_s);
                 QCOMPARE(chooser.lblSample->font().family(), family);
                 QCOMPARE(chooser.lblSample->font().pointSizeF(), 14.0);
@@ -174,22 +161,22 @@ private slots:
                 fonts->setFocus(Qt::TabFocusReason);
                 QTest::keyClick(chooser.cboSize, Qt::Key_Down);
             }
-            if (!*row.button)
+            if (button.isEmpty())
                 dialog.close();
             else
-                QTest::mouseClick(dialog.findChild<QPushButton *>(row.button), Qt::LeftButton);
+                QTest::mouseClick(dialog.findChild<QPushButton *>(button), Qt::LeftButton);
         });
         frmMemo memo;
         QVERIFY(showActive(memo, u"kept"_s));
         memo.mnuFont->trigger();
         QCOMPARE(driver.shown, 1);
-        QCOMPARE(fontOf(memo), row.expected);
+        QCOMPARE(fontOf(memo), expected);
         // Escape hides the window, keeping the text and storing the font.
         QTest::keyClick(memo.txtMemo, Qt::Key_Escape);
         QVERIFY(!memo.isVisible());
         QCOMPARE(memo.Value(), u"kept"_s);
         frmMemo next;
-        QCOMPARE(fontOf(next), row.expected);
+        QCOMPARE(fontOf(next), expected);
     }
 
     // An entry is selected only when equal to the value written; else the selection stays.

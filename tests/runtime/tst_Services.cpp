@@ -80,14 +80,6 @@ QVariant apply(int operation, const QVariant &v, int n)
     return operations[operation]();
 }
 
-// A body that fails before it can return its value.
-template <typename T>
-T failing(int number, T value)
-{
-    raise(number);
-    return value;
-}
-
 // Runs SQL on a writable connection of the test's own, closed before the library opens the file.
 bool runSql(const QString &path, const QStringList &statements)
 {
@@ -112,10 +104,6 @@ QStringList valuesOf(Recordset &records, const QString &column)
     return values;
 }
 
-// Operation, value, step, result (unless an error is expected), error.
-using Operation = std::tuple<int, QVariant, int, QVariant, int>;
-
-// False while this process can still write in the folder.
 bool unwritable(const QString &folder)
 {
     QTemporaryFile probe(folder + QStringLiteral("/probe-XXXXXX"));
@@ -152,11 +140,11 @@ private slots:
 
     void operationGivesTheValueOrRaises_data()
     {
-        QTest::addColumn<Operation>("c");
-        auto row = [](const char *name, int operation, const QVariant &value,
-                       const QVariant &expected, int error = 0) {
-            QTest::newRow(name) << Operation { operation, value, 0, expected, error };
-        };
+        // Operation, value, step, result (unless an error is expected), error.
+        const auto add = columns<int, QVariant, int, QVariant, int>();
+        auto row
+            = [&](const char *name, int operation, const QVariant &value, const QVariant &expected,
+                  int error = 0) { add(name, operation, value, 0, expected, error); };
         const QDate march1(2024, 3, 1);
         const int overflow = ErrOverflow, mismatch = ErrTypeMismatch;
         row("Val abc", Val, "abc", 0.0);
@@ -214,8 +202,8 @@ private slots:
         row("invalid UTF-8 anywhere makes all Windows-1252", Decoded,
             QByteArray("\xC3\xA9 and \xE9"), QStringLiteral("\u00C3\u00A9 and \u00E9"));
         row("missing file reads empty", WholeFile, m_dir.filePath("missing.txt"), "");
-        auto step = [](const char *name, qint32 from, qint32 by, qint32 to, int error = 0) {
-            QTest::newRow(name) << Operation { StepUp, from, by, QVariantList { to, to }, error };
+        auto step = [&](const char *name, qint32 from, qint32 by, qint32 to, int error = 0) {
+            add(name, StepUp, from, by, QVariantList { to, to }, error);
         };
         const qint32 top = std::numeric_limits<qint32>::max();
         const qint32 bottom = std::numeric_limits<qint32>::min();
@@ -227,8 +215,8 @@ private slots:
 
     void operationGivesTheValueOrRaises()
     {
-        QFETCH(Operation, c);
-        const auto &[operation, value, n, expected, error] = c;
+        const auto [operation, value, n, expected, error]
+            = fetch<int, QVariant, int, QVariant, int>();
         QVariant result;
         const auto call = [&, op = operation, &v = value, n = n] { return apply(op, v, n); };
         QCOMPARE(raisedError([&] { result = call(); }), error);
@@ -240,11 +228,12 @@ private slots:
     {
         ErrorRecorder recorder;
         const char *source = "Function 'Item' of Class Module 'Fields'";
-        QObject object, *missing = nullptr;
-        QCOMPARE(trap(source, [&] { return failing(ErrSubscriptOutOfRange, &object); }), nullptr);
-        QCOMPARE(trap(source, [] { return failing(ErrTypeMismatch, QStringLiteral("x")); }), "");
-        QCOMPARE(trap(source, [] { return failing(ErrOverflow, 7); }), 0);
-        QVERIFY(!trap(source, [] { return failing(ErrDuplicateKey, QVariant(7)); }).isValid());
+        QObject *missing = nullptr;
+        // Bodies that fail before they return a value of their type.
+        QCOMPARE(trap(source, []() -> QObject * { raise(ErrSubscriptOutOfRange); }), nullptr);
+        QCOMPARE(trap(source, []() -> QString { raise(ErrTypeMismatch); }), "");
+        QCOMPARE(trap(source, []() -> int { raise(ErrOverflow); }), 0);
+        QVERIFY(!trap(source, []() -> QVariant { raise(ErrDuplicateKey); }).isValid());
         trap(source, [&] { require(missing)->objectName(); });
         trap(source, [] { throw std::runtime_error("disk gone"); });
         QCOMPARE(recorder.sources(), QStringList(6, QString::fromLatin1(source)));
