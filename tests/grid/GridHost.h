@@ -36,28 +36,32 @@ public:
     {
         return d()->canvasRows().at(FieldPrivate::get(field)->m_row);
     }
+
+    // What the user and the host were told: each message as "title: prompt" (only the duplicate
+    // message has no title and is no critical one), each error as "error N in source".
+    QStringList reports() const
+    {
+        QStringList all;
+        for (const ShownMessage &m : messages.messages) {
+            all << m.title + ": " + m.prompt;
+            if (m.style != (m.title.isEmpty() ? 0 : MsgBoxStyle::Critical | MsgBoxStyle::OKOnly))
+                all << QStringLiteral("style %1").arg(m.style);
+        }
+        for (const ReportedError &e : errors.errors)
+            all << QStringLiteral("error %1 in %2").arg(e.number).arg(e.source);
+        return all;
+    }
+
+    // Message boxes are answered, never left waiting for a user; errors are kept for reports().
+    MessageRecorder messages;
+    ErrorRecorder errors;
 };
 
-// What the user and the host were told: each message as "title: prompt" (only the collection's
-// duplicate message has no title and is no critical one), each error as "error N in source".
-inline QStringList reports(const MessageRecorder &messages, const ErrorRecorder &errors)
-{
-    QStringList all;
-    for (const ShownMessage &m : messages.messages) {
-        all << m.title + ": " + m.prompt;
-        if (m.style != (m.title.isEmpty() ? 0 : MsgBoxStyle::Critical | MsgBoxStyle::OKOnly))
-            all << QStringLiteral("style %1").arg(m.style);
-    }
-    for (const ReportedError &e : errors.errors)
-        all << QStringLiteral("error %1 in %2").arg(e.number).arg(e.source);
-    return all;
-}
-
 // An error as reports() gives it, raised in one of the grid's procedures.
-inline QString gridError(int number, const char *procedure)
+inline QString gridError(int number, const char *procedure, const char *kind = "Sub")
 {
     return QString::asprintf(
-        "error %d in Sub '%s' of User Control 'kwPropertyControl'", number, procedure);
+        "error %d in %s '%s' of User Control 'kwPropertyControl'", number, kind, procedure);
 }
 
 } // namespace kwFieldDeck::test

@@ -74,7 +74,6 @@ public:
         return d()->rowEditor().editor();
     }
 
-    // The field whose editor holds the focus, or null.
     Field *focusedField() const
     {
         return d()->rowEditor().holdsFocus() ? d()->rowEditor().row() : nullptr;
@@ -107,8 +106,6 @@ public:
     }
 
     QLabel description;
-    // Message boxes are answered, never left waiting for a user.
-    MessageRecorder messages;
     int dialogs = 0;
     QString dialogAnswer;
 

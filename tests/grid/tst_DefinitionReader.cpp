@@ -76,13 +76,11 @@ private slots:
     void addFieldByDefStringGivesTheLastFieldAdded()
     {
         GridHost host;
-        MessageRecorder messages;
-        ErrorRecorder errors;
         Field *returned = host.grid->AddFieldByDefString(
             defText("FIELDNAMEWIDTH=1800|ADDFIELD Colour|TYPE=combo|VALUE=2|ADDCOMBOITEMS|1=Red|"
                     "2=Green|ENDCOMBOITEMS|ENDFIELD|ADD FIELD Volume|TYPE=SLIDER|MIN=0|MAX=11|"
                     "VALUE=5|ENDFIELD"));
-        QCOMPARE(reports(messages, errors), QStringList());
+        QCOMPARE(host.reports(), QStringList());
         QCOMPARE(host.grid->FieldNameWidth(), 1800.0f);
         QCOMPARE(host.each(summary),
             QStringList({ "Colour:COMBO=2 [1:Red 2:Green*]", "Volume:SLIDER=5 0..11" }));
@@ -165,11 +163,9 @@ private slots:
     {
         const auto [definition, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
-        MessageRecorder messages;
-        ErrorRecorder errors;
         host.grid->ReadDef(defText(definition));
         QCOMPARE(host.each(summary), fields);
-        QCOMPARE(reports(messages, errors), reported);
+        QCOMPARE(host.reports(), reported);
         QCOMPARE(host.grid->FieldNameWidth(), 750.0f);
     }
 
@@ -195,7 +191,8 @@ private slots:
         // Each file is written in other letter case than named: it is found all the same.
         auto file = [&](const char *name, const QByteArray &bytes, bool accepted,
                         const QStringList &fields = {}) {
-            const QString path = write(QString::number(++files) + ".KwDef", bytes).toLower();
+            const QString path
+                = writeFile(m_dir.filePath(QString::number(++files) + ".KwDef"), bytes).toLower();
             const QString refused
                 = Grid + ": " + CannotOpen + "File Format Does not Match!\r\n\r\n" + path;
             row(name, path, QStringList { "Earlier:TEXT=" } + fields,
@@ -233,11 +230,9 @@ private slots:
         const auto [path, fields, reported] = fetch<QString, QStringList, QStringList>();
         GridHost host;
         host.add("Earlier");
-        MessageRecorder messages;
-        ErrorRecorder errors;
         host.grid->LoadDefFile(path);
         QCOMPARE(host.each(summary), fields);
-        QCOMPARE(reports(messages, errors), reported);
+        QCOMPARE(host.reports(), reported);
     }
 
     // Cut files: the blocks before the cut are kept in order, one report at most.
@@ -246,35 +241,28 @@ private slots:
         const QByteArray whole
             = readFile(qEnvironmentVariable("KW_EXAMPLES_DIR") + "/showcase.kwdef");
         QVERIFY(!whole.isEmpty());
-        MessageRecorder messages;
         GridHost complete;
-        complete.grid->LoadDefFile(write("whole.kwdef", whole));
+        complete.grid->LoadDefFile(writeFile(m_dir.filePath("whole.kwdef"), whole));
         const QStringList all = complete.each();
         QVERIFY(all.size() > 10);
         for (int cut = 1; cut < whole.size(); cut += 37) {
             GridHost host;
-            ErrorRecorder errors;
-            host.grid->LoadDefFile(write("cut.kwdef", whole.left(cut)));
+            host.grid->LoadDefFile(writeFile(m_dir.filePath("cut.kwdef"), whole.left(cut)));
             // A block cut in its name line may arrive under the shorter name.
             const QStringList names = host.each();
             QVERIFY(names.size() <= all.size());
             for (int i = 0; i < names.size(); ++i)
                 QVERIFY2(all.at(i).startsWith(names.at(i)), qPrintable(names[i]));
             // A cut after "ADDFIELD" fails as that line without a name does.
-            QVERIFY(errors.errors.size() <= 1);
+            QVERIFY(host.errors.errors.size() <= 1);
             if (whole.left(cut).endsWith("\nADDFIELD"))
-                QCOMPARE(errors.errors.size(), 1);
-            for (const ReportedError &error : std::as_const(errors.errors))
+                QCOMPARE(host.errors.errors.size(), 1);
+            for (const ReportedError &error : std::as_const(host.errors.errors))
                 QVERIFY2(error.source.startsWith("Sub 'ReadDef'"), qPrintable(error.source));
         }
     }
 
 private:
-    QString write(const QString &name, const QByteArray &bytes)
-    {
-        return writeFile(m_dir.filePath(name), bytes);
-    }
-
     QTemporaryDir m_dir;
     QString m_database;
 };

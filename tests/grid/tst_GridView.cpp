@@ -51,11 +51,10 @@ private slots:
         auto row = columns<int, int, int>();
         for (int type = ftText; type <= ftMemo; ++type) {
             const QByteArray name = UserGrid::typeName(type).toLatin1();
-            for (int way = Shown; way < Part; ++way) {
-                // A slider field does not take the focus from SetFocus: intended.
+            // A slider field does not take the focus from SetFocus: intended.
+            for (int way = Shown; way < Part; ++way)
                 if (type != ftSlider || way == Shown || way > Far)
                     row(name + ", " + WayNames[way], type, way, -1);
-            }
             // A click on each part of the idle row: a slider's box and slider, a browse "...".
             for (int part = 0; part < (type == ftSlider || type >= ftFileSelector ? 2 : 1); ++part)
                 row(name + ", click part " + QByteArray::number(part), type, Part, part);
@@ -94,7 +93,6 @@ private slots:
             QTest::mouseClick(user.view(), Qt::LeftButton, {}, point);
             user.closePopup();
         }
-        QCoreApplication::processEvents();
 
         QTRY_COMPARE_WITH_TIMEOUT(user.where(), "Target, Target, About Target", 500);
         // Arriving at a "..." button opens its dialog or window once.

@@ -216,11 +216,9 @@ private slots:
             Field *focused = user.focusedField();
             if (focused && user.d()->highlighted() != focused)
                 problem = " focus is in " + focused->Name();
+            const QString at = QStringLiteral("seed %1 (KW_RANDOM_SEED=%1 replays it), step %2");
             QVERIFY2(problem.isEmpty(),
-                qPrintable(QString::asprintf("seed %u (KW_RANDOM_SEED=%u replays it), step %d, "
-                                             "after: ",
-                               seed, seed, step)
-                    + done.join("; ") + problem));
+                qPrintable(at.arg(seed).arg(step) + ", after: " + done.join("; ") + problem));
         }
     }
 };

@@ -57,8 +57,6 @@ private slots:
             = { host.add("Gone", ftText, "other"), host.add("field", lFieldTypes(type), "other"),
                   host.add("After", ftText, "other"), host.add("Bare") };
         host.grid->Fields()->Remove(QStringLiteral("Gone"));
-        ErrorRecorder errors;
-        MessageRecorder messages;
         host.grid->GetValuesFromRegistry(App, Section, Setting);
         QStringList values;
         for (Field *field : fields)
@@ -66,8 +64,8 @@ private slots:
         // A line without "=" is name and value at once (intended); a removed field keeps its own.
         QCOMPARE(values, QStringList({ "other", restored, "a", "Bare" }));
         // The lookup of the removed field reports its miss; the restoring itself goes on.
-        QCOMPARE(errors.sources(), QStringList { "Property 'Item' of Class Module 'Fields'" });
-        QCOMPARE(messages.messages.size(), 0);
+        QCOMPARE(
+            host.reports(), QStringList { "error 5 in Property 'Item' of Class Module 'Fields'" });
     }
 
     // Blank arguments get a message each time; an unwritable store an error under the grid.
@@ -93,11 +91,9 @@ private slots:
         Field *field = host.add("F", ftText, "value");
         const QDir store(m_config->path() + QStringLiteral("/kwFieldDeck"));
         const QStringList before = store.entryList(QDir::Files);
-        MessageRecorder messages;
-        ErrorRecorder errors;
         host.grid->SaveValuesToRegistry(arguments[0], arguments[1], arguments[2]);
         host.grid->GetValuesFromRegistry(arguments[0], arguments[1], arguments[2]);
-        QCOMPARE(reports(messages, errors), reported);
+        QCOMPARE(host.reports(), reported);
         QCOMPARE(textOf(field->Value()), QStringLiteral("value"));
         QCOMPARE(store.entryList(QDir::Files), before);
     }
@@ -125,9 +121,9 @@ private slots:
 
             // Restoring reads what can be read and writes nothing.
             field->setValue(QStringLiteral("none"));
-            ErrorRecorder errors;
+            host.errors.errors.clear();
             host.grid->GetValuesFromRegistry(App, Section, Setting);
-            QCOMPARE(errors.errors.size(), 0);
+            QCOMPARE(host.reports(), QStringList());
             QCOMPARE(textOf(field->Value()), QStringLiteral("first"));
             QCOMPARE(readFile(path), damaged);
             QVERIFY(!QFileInfo::exists(aside));
@@ -135,16 +131,16 @@ private slots:
             // Saving keeps every readable value and the damaged file whole beside, saying where.
             field->setValue(QStringLiteral("second"));
             host.grid->SaveValuesToRegistry(App, Section, Setting);
-            QCOMPARE(errors.errors.size(), 1);
-            QCOMPARE(errors.errors[0].number, 75);
-            QVERIFY2(errors.errors[0].description.contains(aside),
-                qPrintable(errors.errors[0].description));
+            QCOMPARE(host.reports(),
+                QStringList { "error 75 in Sub 'SaveSetting' of Module 'SettingsStore'" });
+            QVERIFY2(host.errors.errors[0].description.contains(aside),
+                qPrintable(host.errors.errors[0].description));
             QCOMPARE(readFile(aside), damaged);
             QCOMPARE(SettingsStore::GetSetting(App, Section, Setting), "Server=second");
             QCOMPARE(SettingsStore::GetSetting(App, "Other", Setting), "kept");
             field->setValue(QStringLiteral("first"));
             host.grid->SaveValuesToRegistry(App, Section, Setting);
-            QCOMPARE(errors.errors.size(), 1);
+            QCOMPARE(host.reports().size(), 1);
         }
         QCOMPARE(
             QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden).size(), 3);
